@@ -1,0 +1,30 @@
+# Sourced by the scripts that run Windows programs: a Wine prefix, HOME and XDG folders inside the
+# build folder, so nothing is written into the user's home. Creates the prefix on first use.
+tessel_root=$(cd "$(dirname "${BASH_SOURCE[0]:-$0}")/.." && pwd)
+wine_root=${TESSEL_WINE_ROOT:-$tessel_root/build/wine}
+export WINEPREFIX="$wine_root/prefix"
+export HOME="$wine_root/home"
+export XDG_CONFIG_HOME="$HOME/.config" XDG_DATA_HOME="$HOME/.local/share" XDG_CACHE_HOME="$HOME/.cache"
+export WINEDEBUG=-all
+# No menu entries in the host desktop, no downloads of mono or gecko, no host browser.
+export WINEDLLOVERRIDES="winemenubuilder.exe=d;mscoree=;mshtml=;winebrowser.exe=d"
+export WINEARCH=win64
+WINE=/usr/lib/wine/wine64
+WINESERVER=/usr/lib/wine/wineserver
+
+tessel_wine_prefix() {
+  mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_CACHE_HOME"
+  (
+    flock 9
+    if [ ! -f "$WINEPREFIX/.tessel-ready" ]; then
+      "$WINE" wineboot -i >/dev/null 2>&1
+      # Every program opens inside one virtual desktop: under bare Xvfb each hide waits 2 s.
+      "$WINE" reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
+      "$WINE" reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x800 /f >/dev/null 2>&1
+      "$WINESERVER" -w
+      touch "$WINEPREFIX/.tessel-ready"
+    fi
+  ) 9>"$wine_root.lock"
+}
+mkdir -p "$wine_root"
+tessel_wine_prefix

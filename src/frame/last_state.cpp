@@ -1,0 +1,30 @@
+#include "frame/last_state.h"
+
+#include "frame/command_line.h"
+
+namespace tessel {
+
+std::wstring LastStatePath(const std::wstring& dataFolder) { return dataFolder + L"\\start.tsf"; }
+std::wstring HandOverStatePath(const std::wstring& dataFolder) { return dataFolder + L"\\start2.tsf"; }
+
+bool LoadLastStateGuarded(ISettingsStore& store, const std::wstring& dataFolder, IFileRemover& remover,
+                          const FolderSetLoader& load) {
+    const std::wstring path = LastStatePath(dataFolder);
+    if (store.GetInt(L"Start", L"StartCrash", 0) == 1) {
+        store.PutInt(L"Start", L"StartCrash", 0);
+        remover.Remove(path);
+        return false;
+    }
+    store.PutInt(L"Start", L"StartCrash", 1);
+    bool loaded = load(path);
+    store.PutInt(L"Start", L"StartCrash", 0);
+    return loaded;
+}
+
+void LastStateSaver::SaveOnce(int startMode, const std::wstring& dataFolder) {
+    if (ran_) return;
+    if (startMode == kStartModeLastState) save_(LastStatePath(dataFolder));
+    ran_ = true;
+}
+
+}  // namespace tessel

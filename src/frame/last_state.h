@@ -1,0 +1,39 @@
+#pragma once
+// The last state ("start.tsf" in the data folder): loaded at start under the crash-start guard,
+// saved once at exit, and handed to a further instance as "start2.tsf".
+#include <functional>
+#include <string>
+
+#include "core/settings_store.h"
+
+namespace tessel {
+
+class IFileRemover {
+public:
+    virtual ~IFileRemover() = default;
+    virtual bool Remove(const std::wstring& path) = 0;
+};
+
+std::wstring LastStatePath(const std::wstring& dataFolder);     // data folder + "\start.tsf"
+std::wstring HandOverStatePath(const std::wstring& dataFolder);  // data folder + "\start2.tsf"
+
+using FolderSetLoader = std::function<bool(const std::wstring& path)>;
+
+// A "StartCrash" left at 1 means the previous load never came back: the file is deleted unread.
+// Returns whether the last state was loaded.
+bool LoadLastStateGuarded(ISettingsStore& store, const std::wstring& dataFolder, IFileRemover& remover,
+                          const FolderSetLoader& load);
+
+// Saves at most once per process, and only when the start mode reopens the last state.
+class LastStateSaver {
+public:
+    explicit LastStateSaver(std::function<bool(const std::wstring& path)> save) : save_(std::move(save)) {}
+    void SaveOnce(int startMode, const std::wstring& dataFolder);
+    bool HasRun() const { return ran_; }
+
+private:
+    std::function<bool(const std::wstring&)> save_;
+    bool ran_ = false;
+};
+
+}  // namespace tessel
