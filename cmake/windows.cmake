@@ -7,6 +7,7 @@ endif()
 set(TESSEL_WIN_LIBS comctl32 shell32 ole32 oleaut32 uuid shlwapi advapi32 user32 gdi32 comdlg32 winmm uxtheme)
 
 add_library(tessel_win STATIC ${TESSEL_WIN_SOURCES})
+target_include_directories(tessel_win PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(tessel_win PUBLIC tessel_portable ${TESSEL_WIN_LIBS})
 
 include(${CMAKE_SOURCE_DIR}/res/resources.cmake)

@@ -28,3 +28,12 @@ tessel_wine_prefix() {
 }
 mkdir -p "$wine_root"
 tessel_wine_prefix
+
+# Starts the wineserver, Wine's services and the virtual desktop ahead of a run, detached from
+# the caller's output: processes that Wine starts on first use would otherwise inherit the pipes
+# of whoever started them (ctest waits for those pipes to close).
+tessel_wine_warm() {
+  "$WINESERVER" -p 60 </dev/null >/dev/null 2>&1
+  "$WINE" explorer /desktop=Default,1280x800 </dev/null >/dev/null 2>&1 &
+  "$WINE" cmd /c exit </dev/null >/dev/null 2>&1 || true
+}

@@ -1,0 +1,308 @@
+#include "frame/main_frame_win.h"
+
+#include <commctrl.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
+#include "frame/help_win.h"
+#include "res/resource.h"
+
+namespace tessel {
+namespace {
+
+constexpr UINT kTimerParked = 2000;
+constexpr UINT kTrayMessage = WM_APP + 1;
+constexpr int kFailedLoadParam = 100;  // lParam of the command posted when a named file fails
+
+bool IsExistingFile(const std::wstring& path) {
+    DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+class FileRemover : public IFileRemover {
+public:
+    bool Remove(const std::wstring& path) override { return DeleteFileW(path.c_str()) != FALSE; }
+};
+
+RECT StartRectangle() {
+    RectI saved{};
+    RECT rect{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
+    if (Settings().GetRect(L"Start", L"WinRC", saved) && saved.right - saved.left >= 200 &&
+        saved.bottom - saved.top >= 150) {
+        RECT candidate{saved.left, saved.top, saved.right, saved.bottom};
+        if (MonitorFromRect(&candidate, MONITOR_DEFAULTTONULL)) return candidate;
+    }
+    return rect;
+}
+
+}  // namespace
+
+CMainFrame::CMainFrame(std::wstring commandLine, int instanceNumber)
+    : commandLine_(std::move(commandLine)),
+      instanceNumber_(instanceNumber),
+      lastState_([this](const std::wstring& path) { return SaveFolderSet(path); }) {}
+
+CMainFrame::~CMainFrame() {
+    if (MessageLoop* loop = Module().LoopOf(GetCurrentThreadId())) loop->RemoveFilter(this);
+}
+
+bool CMainFrame::CreateFrame(int showCommand) {
+    RECT r = StartRectangle();
+    HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_TESSEL));
+    int width = r.left == CW_USEDEFAULT ? 1100 : r.right - r.left;
+    int height = r.left == CW_USEDEFAULT ? 720 : r.bottom - r.top;
+    if (!CreateWindowOf(kMainFrameClass, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, L"Tessel",
+                        r.left, r.top, width, height, nullptr, nullptr, CS_HREDRAW | CS_VREDRAW, icon))
+        return false;
+    accelerators_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_ACCELERATORS));
+    if (MessageLoop* loop = Module().LoopOf(GetCurrentThreadId())) loop->AddFilter(this);
+    ShowWindow(hwnd(), showCommand);
+    UpdateWindow(hwnd());
+    return true;
+}
+
+bool CMainFrame::PreTranslate(MSG& message) {
+    return hwnd() && accelerators_ && IsWindowVisible(hwnd()) &&
+           TranslateAcceleratorW(hwnd(), accelerators_, &message);
+}
+
+bool CMainFrame::OnCreate() {
+    LoadGeneralOptions(Settings(), Options());
+    ReplaceMenu();
+    statusBar_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | SBARS_SIZEGRIP, 0, 0, 0, 0, hwnd(),
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(59393)), GetModuleHandleW(nullptr),
+                                 nullptr);
+    for (int i = 0; i < kViewCount; ++i) {
+        panels_[i] = std::make_unique<CPloder>(i + 1);
+        if (!panels_[i]->Create(hwnd())) return false;
+    }
+    ShowStatusBar(Options().StatusBar != 0);
+    ApplyCommandLine();
+    return true;
+}
+
+void CMainFrame::ApplyCommandLine() {
+    StartPlan plan = InterpretCommandLine(commandLine_, Options().Als, IsExistingFile);
+    if (plan.loadLastState) {
+        FileRemover remover;
+        LoadLastStateGuarded(Settings(), Settings().DataFolder(), remover,
+                             [this](const std::wstring& path) { return LoadFolderSet(path, false); });
+    }
+    if (!plan.folderSetFile.empty() && !LoadFolderSet(plan.folderSetFile, true)) {
+        PostMessageW(hwnd(), WM_COMMAND, ID_VIEW_REFRESH_ALL, kFailedLoadParam);
+        RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    }
+    for (int i = 0; i < kViewCount; ++i)
+        if (!plan.viewPaths[i].empty()) panels_[i]->NavigateToText(plan.viewPaths[i]);
+    FillEmptyViews();
+    if (Options().Als != kStartModeLastState)
+        treeMode_ = Settings().GetInt(L"Start", L"tree_mode", treeMode_);  // the tree pane comes with the layouts
+}
+
+void CMainFrame::FillEmptyViews() {
+    // From 4 down to 1, so that T-View 1 ends up focused.
+    for (int i = kViewCount - 1; i >= 0; --i) {
+        if (!panels_[i]->HasLocation()) panels_[i]->NavigateToSpecial(CSIDL_DRIVES);
+        SetFocus(panels_[i]->hwnd());
+    }
+}
+
+void CMainFrame::Layout() {
+    if (!panels_[kViewCount - 1]) return;  // still being created
+    RECT client;
+    GetClientRect(hwnd(), &client);
+    if (statusBar_ && IsWindowVisible(statusBar_)) {
+        SendMessageW(statusBar_, WM_SIZE, 0, 0);
+        RECT bar;
+        GetWindowRect(statusBar_, &bar);
+        client.bottom -= bar.bottom - bar.top;
+        const int width = client.right;
+        int parts[4] = {width / 2, width * 5 / 8, width * 3 / 4, -1};
+        SendMessageW(statusBar_, SB_SETPARTS, 4, reinterpret_cast<LPARAM>(parts));
+    }
+    // Two by two for now; the twelve layouts with their splitters replace this.
+    const int gap = win::Scaled(hwnd(), 4);
+    const int halfWidth = (client.right - gap) / 2;
+    const int halfHeight = (client.bottom - gap) / 2;
+    HDWP batch = BeginDeferWindowPos(kViewCount);
+    for (int i = 0; i < kViewCount && batch; ++i) {
+        int x = (i % 2) ? halfWidth + gap : 0;
+        int y = (i / 2) ? halfHeight + gap : 0;
+        int w = (i % 2) ? client.right - x : halfWidth;
+        int h = (i / 2) ? client.bottom - y : halfHeight;
+        batch = DeferWindowPos(batch, panels_[i]->hwnd(), nullptr, x, y, w, h, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    if (batch) EndDeferWindowPos(batch);
+}
+
+bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
+    // Folder-set files are not read yet: report failure, change nothing.
+    if (openedByUser && statusBar_) SendMessageW(statusBar_, SB_SETTEXTW, 0,
+                                                 reinterpret_cast<LPARAM>(GetText(IDS_FOLDER_SETS_LATER).c_str()));
+    return false;
+}
+
+bool CMainFrame::SaveFolderSet(const std::wstring&) { return false; }  // not written yet: nothing on disk changes
+
+void CMainFrame::SaveViewSettings() {
+    WINDOWPLACEMENT placement{sizeof(placement)};
+    if (hwnd() && GetWindowPlacement(hwnd(), &placement)) {
+        const RECT& r = placement.rcNormalPosition;
+        Settings().PutString(L"Start", L"WinRC", FormatRect({r.left, r.top, r.right, r.bottom}));
+    }
+}
+
+void CMainFrame::ReplaceMenu() {
+    HMENU menu = LoadMenuW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_MAINFRAME));
+    LocalizeMenu(menu);
+    HMENU old = GetMenu(hwnd());
+    SetMenu(hwnd(), menu);
+    if (old) DestroyMenu(old);
+}
+
+void CMainFrame::SetLanguage(int languageId) {
+    Options().m_lang_id = languageId;
+    WriteOption(Settings(), L"m_lang_id", languageId);
+    ReplaceMenu();
+    for (auto& panel : panels_) panel->Refresh();
+}
+
+void CMainFrame::ShowStatusBar(bool show) {
+    ShowWindow(statusBar_, show ? SW_SHOWNOACTIVATE : SW_HIDE);
+    Layout();
+}
+
+void CMainFrame::OnInitMenuPopup(HMENU menu) {
+    CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
+    const bool german = LanguageCode(Options().m_lang_id) == std::wstring(L"DE");
+    CheckMenuRadioItem(menu, ID_LANGUAGE_GERMAN, ID_LANGUAGE_ENGLISH,
+                       german ? ID_LANGUAGE_GERMAN : ID_LANGUAGE_ENGLISH, MF_BYCOMMAND);
+}
+
+static INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG) {
+        LocalizeDialog(dialog);
+        SetDlgItemTextW(dialog, IDC_ABOUT_VERSION, L"Tessel 4.19");
+        return TRUE;
+    }
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        EndDialog(dialog, LOWORD(wParam));
+        return TRUE;
+    }
+    return FALSE;
+}
+
+void CMainFrame::ShowAbout() {
+    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_ABOUT), hwnd(), AboutProcedure, 0);
+}
+
+void CMainFrame::StartFurtherInstance() {
+    const std::wstring handOver = HandOverStatePath(Settings().DataFolder());
+    wchar_t exe[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, exe, MAX_PATH);
+    // Without a hand-over file the new window starts as any normal start does.
+    std::wstring parameters = SaveFolderSet(handOver) ? L"\"" + handOver + L"\"" : L"";
+    ShellExecuteW(hwnd(), L"open", exe, parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
+}
+
+void CMainFrame::OnCommand(int id, LPARAM lParam) {
+    switch (id) {
+    case ID_APP_EXIT: PostMessageW(hwnd(), WM_CLOSE, 0, 0); break;
+    case ID_APP_ABOUT: ShowAbout(); break;
+    case ID_HELP_TOPICS:
+        if (!OpenHelp(L"")) MessageBoxW(hwnd(), GetText(IDS_HELP_FAILED).c_str(), L"Tessel", MB_ICONWARNING);
+        break;
+    case ID_FILE_NEW_INSTANCE: StartFurtherInstance(); break;
+    case ID_FILE_OPEN_SET:
+    case ID_FILE_SAVE_SET:
+        MessageBoxW(hwnd(), GetText(IDS_FOLDER_SETS_LATER).c_str(), L"Tessel", MB_ICONINFORMATION);
+        break;
+    case ID_VIEW_REFRESH_ALL:
+        for (auto& panel : panels_) panel->Refresh();
+        if (lParam == kFailedLoadParam) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+        break;
+    case ID_VIEW_STATUS_BAR:
+        Options().StatusBar = !Options().StatusBar;
+        WriteOption(Settings(), L"StatusBar", Options().StatusBar);
+        ShowStatusBar(Options().StatusBar != 0);
+        break;
+    case ID_OPTIONS_CLOSE_ASK:
+        Options().close_ask = !Options().close_ask;
+        WriteOption(Settings(), L"close_ask", Options().close_ask);
+        break;
+    case ID_LANGUAGE_GERMAN: SetLanguage(0); break;
+    case ID_LANGUAGE_ENGLISH: SetLanguage(1); break;
+    }
+}
+
+void CMainFrame::SaveStateOnce() {
+    lastState_.SaveOnce(Options().Als, Settings().DataFolder());
+    SaveViewSettings();
+}
+
+void CMainFrame::RequestClose() {
+    if (Options().close_ask && MessageBoxW(hwnd(), GetText(IDS_ASK_CLOSE).c_str(), GetText(60000).c_str(),
+                                           MB_YESNO | MB_ICONQUESTION) != IDYES)
+        return;
+    if (CountOwnDialogs(hwnd()) == 0) {
+        FinishAndQuit();
+        return;
+    }
+    SaveStateOnce();
+    ShowWindow(hwnd(), SW_HIDE);
+    tray_.Add(hwnd(), kTrayMessage, LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_TRAY)), GetText(128));
+    SetTimer(hwnd(), kTimerParked, 1000, nullptr);
+}
+
+void CMainFrame::FinishAndQuit() {
+    SaveStateOnce();
+    KillTimer(hwnd(), kTimerParked);
+    tray_.Remove();
+    DestroyWindow(hwnd());
+    PostQuitMessage(0);
+}
+
+void CMainFrame::CheckParkedDialogs() {
+    if (CountOwnDialogs(hwnd()) == 0) FinishAndQuit();
+}
+
+void CMainFrame::OnTrayIcon(LPARAM event) {
+    if (event != WM_LBUTTONUP && event != WM_RBUTTONUP) return;
+    if (MessageBoxW(nullptr, GetText(183).c_str(), GetText(60000).c_str(), MB_OKCANCEL | MB_ICONQUESTION) == IDCANCEL)
+        ForcedEnd();
+}
+
+void CMainFrame::ForcedEnd() {
+    SaveStateOnce();
+    tray_.Remove();
+    // The open dialogs belong to work the user chose to abandon; nothing else is left to save.
+    TerminateProcess(GetCurrentProcess(), 1);
+}
+
+LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CREATE: return OnCreate() ? 0 : -1;
+    case WM_SIZE: Layout(); return 0;
+    case WM_COMMAND: OnCommand(LOWORD(wParam), lParam); return 0;
+    case WM_INITMENUPOPUP: OnInitMenuPopup(reinterpret_cast<HMENU>(wParam)); return 0;
+    case WM_CLOSE: RequestClose(); return 0;
+    case WM_TIMER:
+        if (wParam == kTimerParked) CheckParkedDialogs();
+        return 0;
+    case kTrayMessage: OnTrayIcon(lParam); return 0;
+    case WM_SETFOCUS:
+        if (panels_[0]) SetFocus(panels_[0]->hwnd());
+        return 0;
+    case WM_DESTROY:
+        for (auto& panel : panels_)
+            if (panel) DestroyWindow(panel->hwnd());
+        return 0;
+    }
+    return Default(message, wParam, lParam);
+}
+
+}  // namespace tessel

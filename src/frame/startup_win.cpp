@@ -1,0 +1,65 @@
+#include "frame/startup_win.h"
+
+#include <commctrl.h>
+#include <objbase.h>
+#include <ole2.h>
+
+#include <memory>
+
+#include "core/settings_store_win.h"
+#include "frame/app_module_win.h"
+#include "frame/help_win.h"
+#include "frame/instance_counter.h"
+#include "frame/main_frame_win.h"
+#include "win/handles_win.h"
+
+namespace tessel {
+
+bool HandleSetupCommand(const std::wstring&) { return false; }
+
+int Entry(HINSTANCE, const wchar_t* commandLine, int showCommand) {
+    HRESULT com = CoInitialize(nullptr);
+    HRESULT ole = OleInitialize(nullptr);
+    DefWindowProcW(nullptr, 0, 0, 0);  // makes sure the window library is loaded
+    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES | ICC_USEREX_CLASSES | ICC_COOL_CLASSES};
+    InitCommonControlsEx(&controls);
+
+    int code = Run(commandLine ? commandLine : L"", showCommand);
+
+    if (SUCCEEDED(ole)) OleUninitialize();
+    if (SUCCEEDED(com)) CoUninitialize();
+    return code;
+}
+
+int Run(const std::wstring& commandLine, int showCommand) {
+    MessageLoop loop;
+    Module().AddLoop(GetCurrentThreadId(), &loop);
+    struct LoopRegistration {
+        ~LoopRegistration() { Module().RemoveLoop(GetCurrentThreadId()); }
+    } registration;
+
+    if (HelpRequest help = ParseHelpRequest(commandLine); help.requested) {
+        OpenHelp(help.anchor);
+        return 1;
+    }
+    CreateSettings();
+    struct SettingsLifetime {
+        ~SettingsLifetime() { DestroySettings(); }
+    } settingsLifetime;
+    if (HandleSetupCommand(commandLine)) {
+        PostQuitMessage(1);
+        return 0;
+    }
+
+    // The mutex only counts instances: a further instance opens its own window.
+    win::UniqueHandle mutex(CreateMutexW(nullptr, FALSE, L"TESSEL-GUID"));
+    const DWORD error = GetLastError();
+    const bool anotherRuns = error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED;
+    const int instanceNumber = TakeInstanceNumber(Settings(), anotherRuns);
+
+    auto frame = std::make_unique<CMainFrame>(commandLine, instanceNumber);
+    if (!frame->CreateFrame(showCommand)) return 0;
+    return loop.Run();
+}
+
+}  // namespace tessel

@@ -1,0 +1,91 @@
+// The real executable, started from a folder of its own with a settings file beside it.
+#include <gtest/gtest.h>
+
+#include "core/settings_store_win.h"
+#include "support_win.h"
+
+namespace tessel {
+namespace {
+
+using testing::FileExists;
+using testing::ReadBytes;
+using testing::TempFolder;
+using testing::TesselProcess;
+using testing::WriteBytes;
+
+class Startup : public ::testing::Test {
+protected:
+    void SetUp() override {
+        exe_ = folder_ / L"tessel.exe";
+        ASSERT_TRUE(CopyFileW((testing::TestBinFolder() + L"\\tessel.exe").c_str(), exe_.c_str(), FALSE));
+        WriteBytes(Ini(), "\xFF\xFE");
+    }
+    std::wstring Ini() const { return folder_ / L"Tessel.ini"; }
+    int IniInt(const wchar_t* key, int def) { return CMyProfStr(exe_).GetInt(L"Start", key, def); }
+
+    TempFolder folder_;
+    std::wstring exe_;
+};
+
+TEST_F(Startup, HelpRequestOpensNoWindowAndTouchesNoSettings) {
+    TesselProcess help(exe_, L"-help#Options");
+    EXPECT_EQ(help.WaitForExit(), 1);
+    EXPECT_EQ(ReadBytes(Ini()), "\xFF\xFE");
+}
+
+TEST_F(Startup, PathsGoToTheViewsAndEmptyViewsShowComputer) {
+    TempFolder a, b;
+    TesselProcess tessel(exe_, L"\"" + a.path() + L"\" \"" + b.path() + L"\" \"C:\\does\\not\\exist\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    auto lower = [](std::wstring s) {
+        CharLowerW(s.data());
+        return s;
+    };
+    EXPECT_EQ(lower(tessel.PanelText(1)), lower(a.path()));
+    EXPECT_EQ(lower(tessel.PanelText(2)), lower(b.path()));
+    const std::wstring computer = tessel.PanelText(4);
+    EXPECT_FALSE(computer.empty());
+    EXPECT_EQ(tessel.PanelText(3), computer) << "a folder that does not exist falls back to Computer";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    EXPECT_FALSE(FileExists(folder_ / L"start.tsf")) << "folder sets are not written by this version";
+    RectI placement;
+    EXPECT_TRUE(CMyProfStr(exe_).GetRect(L"Start", L"WinRC", placement));
+}
+
+TEST_F(Startup, InstancesNumberThemselvesAndBothRun) {
+    TesselProcess first(exe_, L"");
+    ASSERT_TRUE(first.WaitForWindow());
+    EXPECT_EQ(IniInt(L"Tessel_Id", -1), 0);
+    TesselProcess second(exe_, L"");
+    ASSERT_TRUE(second.WaitForWindow());
+    EXPECT_EQ(IniInt(L"Tessel_Id", -1), 1);
+    EXPECT_EQ(second.CloseAndWait(), 0);
+    EXPECT_EQ(first.CloseAndWait(), 0);
+}
+
+TEST_F(Startup, CrashWhileLoadingTheLastStateIsClearedAtTheNextStart) {
+    WriteBytes(Ini(), "[Start]\r\nStartCrash=1\r\n");
+    WriteBytes(folder_ / L"start.tsf", "a last state that crashed the loader");
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    EXPECT_FALSE(FileExists(folder_ / L"start.tsf"));
+    EXPECT_EQ(IniInt(L"StartCrash", -1), 0);
+    EXPECT_FALSE(tessel.PanelText(1).empty());
+    EXPECT_EQ(tessel.PanelText(1), tessel.PanelText(4)) << "all views on Computer";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
+TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
+    std::wstring huge(30000, L'"');
+    for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
+    TesselProcess tessel(exe_, huge);
+    ASSERT_TRUE(tessel.WaitForWindow());
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    WriteBytes(folder_ / L"damaged.tsf", std::string(5000, '\0'));
+    TesselProcess named(exe_, L"\"" + (folder_ / L"damaged.tsf") + L"\"");
+    ASSERT_TRUE(named.WaitForWindow());
+    EXPECT_EQ(named.CloseAndWait(), 0);
+}
+
+}  // namespace
+}  // namespace tessel

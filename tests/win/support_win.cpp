@@ -1,0 +1,125 @@
+#include "support_win.h"
+
+#include <shellapi.h>
+
+#include <vector>
+
+namespace tessel::testing {
+
+TempFolder::TempFolder() {
+    wchar_t base[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, base);
+    static int counter = 0;
+    for (;;) {
+        path_ = std::wstring(base) + L"tessel-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                std::to_wstring(++counter);
+        if (CreateDirectoryW(path_.c_str(), nullptr)) break;
+    }
+}
+
+TempFolder::~TempFolder() {
+    std::wstring from = path_ + L'\0';  // double-terminated list
+    SHFILEOPSTRUCTW op{};
+    op.wFunc = FO_DELETE;
+    op.pFrom = from.c_str();
+    op.fFlags = FOF_NO_UI;
+    SHFileOperationW(&op);
+}
+
+void WriteBytes(const std::wstring& path, const std::string& bytes) {
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return;
+    DWORD written = 0;
+    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    CloseHandle(file);
+}
+
+std::string ReadBytes(const std::wstring& path) {
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return {};
+    std::string bytes(GetFileSize(file, nullptr), '\0');
+    DWORD read = 0;
+    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+    CloseHandle(file);
+    bytes.resize(read);
+    return bytes;
+}
+
+bool FileExists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+std::wstring TestBinFolder() {
+    wchar_t exe[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, exe, MAX_PATH);
+    std::wstring path = exe;
+    return path.substr(0, path.find_last_of(L'\\'));
+}
+
+TesselProcess::TesselProcess(const std::wstring& exe, const std::wstring& arguments, const std::wstring& folder) {
+    std::wstring line = L"\"" + exe + L"\"" + (arguments.empty() ? L"" : L" " + arguments);
+    STARTUPINFOW startup{sizeof(startup)};
+    if (!CreateProcessW(exe.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.empty() ? nullptr : folder.c_str(), &startup, &info_))
+        info_ = {};
+}
+
+TesselProcess::~TesselProcess() {
+    if (!info_.hProcess) return;
+    if (WaitForSingleObject(info_.hProcess, 0) == WAIT_TIMEOUT) CloseAndWait(10000);
+    CloseHandle(info_.hThread);
+    CloseHandle(info_.hProcess);
+}
+
+namespace {
+struct FrameSearch {
+    DWORD process;
+    HWND found;
+};
+BOOL CALLBACK FindFrame(HWND window, LPARAM param) {
+    auto* search = reinterpret_cast<FrameSearch*>(param);
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == search->process && wcscmp(name, L"TesselMainFrame") == 0 && IsWindowVisible(window)) {
+        search->found = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+}  // namespace
+
+bool TesselProcess::WaitForWindow(DWORD timeoutMs) {
+    if (!info_.hProcess) return false;
+    DWORD start = GetTickCount();
+    while (GetTickCount() - start < timeoutMs) {
+        FrameSearch search{info_.dwProcessId, nullptr};
+        EnumWindows(FindFrame, reinterpret_cast<LPARAM>(&search));
+        if (search.found) {
+            frame_ = search.found;
+            return true;
+        }
+        if (WaitForSingleObject(info_.hProcess, 20) == WAIT_OBJECT_0) return false;
+    }
+    return false;
+}
+
+std::wstring TesselProcess::PanelText(int view) const {
+    wchar_t text[1024] = {};
+    GetWindowTextW(GetDlgItem(frame_, 1000 + view), text, 1024);
+    return text;
+}
+
+int TesselProcess::WaitForExit(DWORD timeoutMs) {
+    if (!info_.hProcess || WaitForSingleObject(info_.hProcess, timeoutMs) != WAIT_OBJECT_0) return -1;
+    DWORD code = 0;
+    GetExitCodeProcess(info_.hProcess, &code);
+    return static_cast<int>(code);
+}
+
+int TesselProcess::CloseAndWait(DWORD timeoutMs) {
+    if (frame_) PostMessageW(frame_, WM_CLOSE, 0, 0);
+    return WaitForExit(timeoutMs);
+}
+
+}  // namespace tessel::testing

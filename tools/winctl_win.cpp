@@ -1,0 +1,101 @@
+// winctl: drives Tessel from scripts under Wine.
+//   winctl wait [timeout-ms]          waits until a main window is visible
+//   winctl close [timeout-ms]         asks every main window to close and waits until they are gone
+//   winctl launch exe [arguments...]  starts exe, waits for its main window, prints "window-ms: N"
+//                                     and "working-set-mb: N", and leaves it running
+#include <windows.h>
+#include <psapi.h>
+
+#include <cstdio>
+#include <cwchar>
+#include <string>
+
+namespace {
+
+const wchar_t kFrameClass[] = L"TesselMainFrame";
+
+struct Search {
+    DWORD process;  // 0: any
+    HWND found;
+};
+
+BOOL CALLBACK FindFrame(HWND window, LPARAM param) {
+    auto* search = reinterpret_cast<Search*>(param);
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (wcscmp(name, kFrameClass) == 0 && IsWindowVisible(window) && (!search->process || search->process == process)) {
+        search->found = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+HWND VisibleFrame(DWORD process) {
+    Search search{process, nullptr};
+    EnumWindows(FindFrame, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND AnyFrame() { return FindWindowW(kFrameClass, nullptr); }
+
+int Wait(DWORD timeout) {
+    DWORD start = GetTickCount();
+    while (!VisibleFrame(0)) {
+        if (GetTickCount() - start > timeout) return 1;
+        Sleep(20);
+    }
+    return 0;
+}
+
+int Close(DWORD timeout) {
+    DWORD start = GetTickCount();
+    while (HWND frame = AnyFrame()) {
+        PostMessageW(frame, WM_CLOSE, 0, 0);
+        if (GetTickCount() - start > timeout) return 1;
+        Sleep(50);
+    }
+    return 0;
+}
+
+int Launch(int argc, wchar_t** argv) {
+    std::wstring line = L"\"" + std::wstring(argv[2]) + L"\"";
+    for (int i = 3; i < argc; ++i) line += L" \"" + std::wstring(argv[i]) + L"\"";
+    STARTUPINFOW startup{sizeof(startup)};
+    PROCESS_INFORMATION info{};
+    LARGE_INTEGER frequency, begin, end;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&begin);
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info)) return 2;
+    int code = 1;
+    for (int i = 0; i < 3000; ++i) {
+        if (VisibleFrame(info.dwProcessId)) {
+            code = 0;
+            break;
+        }
+        if (WaitForSingleObject(info.hProcess, 5) == WAIT_OBJECT_0) break;
+    }
+    QueryPerformanceCounter(&end);
+    if (code == 0) {
+        std::printf("window-ms: %.0f\n", (end.QuadPart - begin.QuadPart) * 1000.0 / frequency.QuadPart);
+        PROCESS_MEMORY_COUNTERS memory{sizeof(memory)};
+        if (GetProcessMemoryInfo(info.hProcess, &memory, sizeof(memory)))
+            std::printf("working-set-mb: %.1f\n", memory.WorkingSetSize / 1048576.0);
+    }
+    CloseHandle(info.hThread);
+    CloseHandle(info.hProcess);
+    return code;
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    if (argc < 2) return 2;
+    std::wstring verb = argv[1];
+    DWORD timeout = argc > 2 ? static_cast<DWORD>(_wtoi(argv[2])) : 30000;
+    if (verb == L"wait") return Wait(timeout);
+    if (verb == L"close") return Close(timeout);
+    if (verb == L"launch" && argc > 2) return Launch(argc, argv);
+    return 2;
+}
