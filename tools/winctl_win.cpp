@@ -62,12 +62,20 @@ int Close(DWORD timeout) {
 int Launch(int argc, wchar_t** argv) {
     std::wstring line = L"\"" + std::wstring(argv[2]) + L"\"";
     for (int i = 3; i < argc; ++i) line += L" \"" + std::wstring(argv[i]) + L"\"";
+    // The child gets its own null output, so that a caller reading ours does not wait for it.
+    SECURITY_ATTRIBUTES inheritable{sizeof(inheritable), nullptr, TRUE};
+    HANDLE nul = CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inheritable,
+                             OPEN_EXISTING, 0, nullptr);
     STARTUPINFOW startup{sizeof(startup)};
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = startup.hStdOutput = startup.hStdError = nul;
     PROCESS_INFORMATION info{};
     LARGE_INTEGER frequency, begin, end;
     QueryPerformanceFrequency(&frequency);
     QueryPerformanceCounter(&begin);
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info)) return 2;
+    BOOL started = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &info);
+    CloseHandle(nul);
+    if (!started) return 2;
     int code = 1;
     for (int i = 0; i < 3000; ++i) {
         if (VisibleFrame(info.dwProcessId)) {
