@@ -10,33 +10,13 @@
 #include <cwchar>
 #include <string>
 
+#include "frame_search_win.h"
+
 namespace {
 
-const wchar_t kFrameClass[] = L"TesselMainFrame";
+using tessel::tools::kFrameClass;
 
-struct Search {
-    DWORD process;  // 0: any
-    HWND found;
-};
-
-BOOL CALLBACK FindFrame(HWND window, LPARAM param) {
-    auto* search = reinterpret_cast<Search*>(param);
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (wcscmp(name, kFrameClass) == 0 && IsWindowVisible(window) && (!search->process || search->process == process)) {
-        search->found = window;
-        return FALSE;
-    }
-    return TRUE;
-}
-
-HWND VisibleFrame(DWORD process) {
-    Search search{process, nullptr};
-    EnumWindows(FindFrame, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
+HWND VisibleFrame(DWORD process) { return tessel::tools::FindVisibleFrame(process); }
 
 HWND AnyFrame() { return FindWindowW(kFrameClass, nullptr); }
 

@@ -38,34 +38,22 @@ struct HandleTraits {  // CreateFile and friends answer INVALID_HANDLE_VALUE, ot
     static bool Valid(HANDLE h) { return h && h != INVALID_HANDLE_VALUE; }
     static void Close(HANDLE h) { CloseHandle(h); }
 };
-template <typename T>
-struct GdiTraits {
+// Pointer-like handles: null is "none", and one function releases them.
+template <typename T, auto CloseFunction>
+struct PointerTraits {
     static T Invalid() { return nullptr; }
     static bool Valid(T h) { return h != nullptr; }
-    static void Close(T h) { DeleteObject(h); }
+    static void Close(T h) { CloseFunction(h); }
 };
-struct IconTraits {
-    static HICON Invalid() { return nullptr; }
-    static bool Valid(HICON h) { return h != nullptr; }
-    static void Close(HICON h) { DestroyIcon(h); }
-};
-struct MenuTraits {
-    static HMENU Invalid() { return nullptr; }
-    static bool Valid(HMENU h) { return h != nullptr; }
-    static void Close(HMENU h) { DestroyMenu(h); }
-};
-struct PidlTraits {
-    static PIDLIST_ABSOLUTE Invalid() { return nullptr; }
-    static bool Valid(PIDLIST_ABSOLUTE p) { return p != nullptr; }
-    static void Close(PIDLIST_ABSOLUTE p) { CoTaskMemFree(p); }
-};
+inline void DeleteGdiObject(HGDIOBJ object) { DeleteObject(object); }
+inline void FreePidl(PIDLIST_ABSOLUTE pidl) { CoTaskMemFree(pidl); }
 
 using UniqueHandle = Unique<HANDLE, HandleTraits>;
-using UniqueFont = Unique<HFONT, GdiTraits<HFONT>>;
-using UniqueBitmap = Unique<HBITMAP, GdiTraits<HBITMAP>>;
-using UniqueBrush = Unique<HBRUSH, GdiTraits<HBRUSH>>;
-using UniqueIcon = Unique<HICON, IconTraits>;
-using UniqueMenu = Unique<HMENU, MenuTraits>;
-using UniquePidl = Unique<PIDLIST_ABSOLUTE, PidlTraits>;
+using UniqueFont = Unique<HFONT, PointerTraits<HFONT, DeleteGdiObject>>;
+using UniqueBitmap = Unique<HBITMAP, PointerTraits<HBITMAP, DeleteGdiObject>>;
+using UniqueBrush = Unique<HBRUSH, PointerTraits<HBRUSH, DeleteGdiObject>>;
+using UniqueIcon = Unique<HICON, PointerTraits<HICON, DestroyIcon>>;
+using UniqueMenu = Unique<HMENU, PointerTraits<HMENU, DestroyMenu>>;
+using UniquePidl = Unique<PIDLIST_ABSOLUTE, PointerTraits<PIDLIST_ABSOLUTE, FreePidl>>;
 
 }  // namespace tessel::win

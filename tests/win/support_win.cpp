@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "tools/frame_search_win.h"
+
 namespace tessel::testing {
 
 TempFolder::TempFolder() {
@@ -70,33 +72,12 @@ TesselProcess::~TesselProcess() {
     CloseHandle(info_.hProcess);
 }
 
-namespace {
-struct FrameSearch {
-    DWORD process;
-    HWND found;
-};
-BOOL CALLBACK FindFrame(HWND window, LPARAM param) {
-    auto* search = reinterpret_cast<FrameSearch*>(param);
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (process == search->process && wcscmp(name, L"TesselMainFrame") == 0 && IsWindowVisible(window)) {
-        search->found = window;
-        return FALSE;
-    }
-    return TRUE;
-}
-}  // namespace
-
 bool TesselProcess::WaitForWindow(DWORD timeoutMs) {
     if (!info_.hProcess) return false;
     DWORD start = GetTickCount();
     while (GetTickCount() - start < timeoutMs) {
-        FrameSearch search{info_.dwProcessId, nullptr};
-        EnumWindows(FindFrame, reinterpret_cast<LPARAM>(&search));
-        if (search.found) {
-            frame_ = search.found;
+        if (HWND found = tools::FindVisibleFrame(info_.dwProcessId)) {
+            frame_ = found;
             return true;
         }
         if (WaitForSingleObject(info_.hProcess, 20) == WAIT_OBJECT_0) return false;
