@@ -76,4 +76,17 @@ bool ReadOption(std::wstring_view sectionLines, std::wstring_view key, int& vari
 
 bool WriteOption(ISettingsStore& store, std::wstring_view key, int value);
 
+// Sets an option for the duration of a call, then puts the held value back.
+class ScopedOption {
+public:
+    ScopedOption(int& option, int value) : option_(option), saved_(option) { option_ = value; }
+    ~ScopedOption() { option_ = saved_; }
+    ScopedOption(const ScopedOption&) = delete;
+    ScopedOption& operator=(const ScopedOption&) = delete;
+
+private:
+    int& option_;
+    int saved_;
+};
+
 }  // namespace tessel

@@ -161,6 +161,7 @@ bool EnsureUnicodeIniFile(const std::wstring& path) {
 
 CMyProfStr& Settings() { return *g_settings; }
 void CreateSettings() { g_settings = std::make_unique<CMyProfStr>(); }
+void CreateSettings(const std::wstring& exePath) { g_settings = std::make_unique<CMyProfStr>(exePath); }
 void DestroySettings() { g_settings.reset(); }
 
 }  // namespace tessel

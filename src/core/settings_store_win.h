@@ -47,6 +47,7 @@ bool EnsureUnicodeIniFile(const std::wstring& path);
 // The process-wide store, created at start-up before anything reads a setting.
 CMyProfStr& Settings();
 void CreateSettings();
+void CreateSettings(const std::wstring& exePath);  // as if the program were at exePath
 void DestroySettings();
 
 }  // namespace tessel

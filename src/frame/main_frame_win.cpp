@@ -76,7 +76,7 @@ bool CMainFrame::OnCreate() {
                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(59393)), GetModuleHandleW(nullptr),
                                  nullptr);
     for (int i = 0; i < kViewCount; ++i) {
-        panels_[i] = std::make_unique<CPloder>(i + 1);
+        panels_[i] = std::make_unique<CPloder>(i);
         if (!panels_[i]->Create(hwnd())) return false;
     }
     ShowStatusBar(Options().StatusBar != 0);

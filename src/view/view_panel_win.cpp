@@ -1,104 +1,295 @@
 #include "view/view_panel_win.h"
 
+#include <commctrl.h>
 #include <shlobj.h>
+#include <windowsx.h>
 
 #include <cwchar>
 
+#include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
 #include "res/resource.h"
+#include "view/column_memory.h"
+#include "win/shell_item_win.h"
 
 namespace tessel {
 namespace {
 
-std::wstring NameOf(PCIDLIST_ABSOLUTE pidl) {
-    PWSTR name = nullptr;
-    if (FAILED(SHGetNameFromIDList(pidl, SIGDN_DESKTOPABSOLUTEPARSING, &name))) return {};
-    std::wstring result = name;
-    CoTaskMemFree(name);
-    // Special folders parse as "::{guid}"; show their display name instead.
-    if (result.rfind(L"::", 0) == 0 && SUCCEEDED(SHGetNameFromIDList(pidl, SIGDN_NORMALDISPLAY, &name))) {
-        result = name;
-        CoTaskMemFree(name);
+constexpr int kLocationId = 4569;
+constexpr int kFilterLabelId = 4570;
+constexpr int kTreeEdgeId = 4571;
+constexpr int kStatusBarId = 4572;
+constexpr UINT kFirstMenuId = 1;
+constexpr UINT kLastMenuId = 32767;
+
+// The system version that names the column sections; ntdll tells the truth where the
+// version functions are shimmed.
+void SystemVersion(int& major, int& minor) {
+    major = 10;
+    minor = 0;
+    using RtlGetVersionFn = LONG(WINAPI*)(OSVERSIONINFOW*);
+    auto getVersion = reinterpret_cast<RtlGetVersionFn>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion")));
+    OSVERSIONINFOW info{sizeof(info)};
+    if (getVersion && getVersion(&info) == 0) {
+        major = static_cast<int>(info.dwMajorVersion);
+        minor = static_cast<int>(info.dwMinorVersion);
     }
-    return result;
+}
+
+HWND Child(const wchar_t* className, DWORD style, DWORD exStyle, HWND parent, int id, const wchar_t* text = L"") {
+    return CreateWindowExW(exStyle, className, text, WS_CHILD | style, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
 }
 
 }  // namespace
 
+CPloder::CPloder(int viewIndex) : viewIndex_(viewIndex) {
+    wchar_t text[64];
+    std::swprintf(text, 64, L"T_View_%d", viewIndex_);
+    sectionName_ = text;
+    std::swprintf(text, 64, L"TView%d", viewIndex_ + 1);
+    name_ = text;
+    int major = 0, minor = 0;
+    SystemVersion(major, minor);
+    columnSection_ = ColumnSectionName(major, minor, name_);
+}
+
+CPloder::~CPloder() {
+    // The browser windows are children: they go with the panel's window, the objects with the slots.
+    if (hwnd()) DestroyWindow(hwnd());
+}
+
 bool CPloder::Create(HWND parent) {
-    return CreateWindowOf(L"TesselViewPanel", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP,
-                          WS_EX_CONTROLPARENT | WS_EX_STATICEDGE, L"", 0, 0, 0, 0, parent,
-                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(1000 + viewNumber_))) != nullptr;
+    return CreateWindowOf(L"TesselViewPanel", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, L"", 0, 0, 0,
+                          0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(1000 + viewIndex_ + 1))) != nullptr;
 }
 
-bool CPloder::NavigateToText(const std::wstring& path) {
-    PIDLIST_ABSOLUTE pidl = nullptr;
-    if (FAILED(SHParseDisplayName(path.c_str(), nullptr, &pidl, 0, nullptr))) return false;
-    return Show(win::UniquePidl(pidl));
-}
-
-bool CPloder::NavigateToSpecial(int csidl) {
-    PIDLIST_ABSOLUTE pidl = nullptr;
-    if (FAILED(SHGetFolderLocation(nullptr, csidl, nullptr, 0, &pidl))) return false;
-    return Show(win::UniquePidl(pidl));
-}
-
-bool CPloder::Show(win::UniquePidl pidl) {
-    location_ = std::move(pidl);
-    locationName_ = NameOf(location_.get());
-    if (hwnd()) {
-        SetWindowTextW(hwnd(), locationName_.c_str());  // readable by tests and accessibility tools
-        InvalidateRect(hwnd(), nullptr, TRUE);
-    }
+bool CPloder::OnCreate() {
+    tree_ = Child(WC_TREEVIEWW, WS_CLIPSIBLINGS | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+                  WS_EX_CLIENTEDGE, hwnd(), kTreeId);
+    filterBox_ = Child(L"EDIT", WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, hwnd(), kFilterBoxId);
+    ReadFilterValues();
+    location_ = Child(L"STATIC", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS | SS_CENTERIMAGE, 0, hwnd(),
+                      kLocationId);
+    filterLabel_ = Child(L"STATIC", SS_LEFT | SS_CENTERIMAGE, 0, hwnd(), kFilterLabelId,
+                         GetText(IDS_FILTER_LABEL).c_str());
+    treeEdge_ = Child(L"STATIC", SS_ETCHEDVERT, 0, hwnd(), kTreeEdgeId);
+    statusBar_ = Child(STATUSCLASSNAMEW, WS_VISIBLE | WS_CLIPCHILDREN | CCS_NOPARENTALIGN | CCS_NORESIZE, 0, hwnd(),
+                       kStatusBarId);
+    toolbars_.Create(hwnd(), statusBar_);
+    HFONT font = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+    for (HWND child : {filterBox_, location_, filterLabel_})
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     return true;
 }
 
-void CPloder::Refresh() {
-    if (location_) locationName_ = NameOf(location_.get());
-    InvalidateRect(hwnd(), nullptr, TRUE);
+void CPloder::ReadFilterValues() {
+    ISettingsStore& settings = Settings();
+    filter_.by_filter = settings.GetInt(sectionName_, L"by_filter", filter_.by_filter);
+    filter_.by_negativ = settings.GetInt(sectionName_, L"by_negativ", filter_.by_negativ);
+    filter_.by_dir_filter = settings.GetInt(sectionName_, L"by_dir_filter", filter_.by_dir_filter);
+    filter_.show_filter = settings.GetInt(sectionName_, L"show_filter", filter_.show_filter);
+    filter_.by_auto_wildcard = settings.GetInt(sectionName_, L"by_auto_wildcard", filter_.by_auto_wildcard);
+    showTree_ = settings.GetInt(sectionName_, L"show_tree", showTree_);
 }
 
-void CPloder::Paint() {
-    PAINTSTRUCT ps;
-    HDC dc = BeginPaint(hwnd(), &ps);
+CMyShellBrowser* CPloder::GetOrCreateBrowser() {
+    std::array<bool, kBrowserSlots> closed{};
+    for (int i = 0; i < count_; ++i) closed[i] = browsers_[i]->closed;
+    const SlotChoice choice = ChooseBrowserSlot(closed, count_);
+    if (choice.kind == SlotChoice::kRefused) {
+        MessageBoxW(hwnd(), L"Max=16", L"Tessel", MB_OK | MB_ICONINFORMATION);
+        return nullptr;
+    }
+    if (choice.kind == SlotChoice::kReuse) {
+        browsers_[choice.slot]->closed = false;
+        browsers_[choice.slot]->busy = false;
+        return browsers_[choice.slot].get();
+    }
+    auto* browser = new CMyShellBrowser(*this, columnSection_, filterBox_);
+    win::ComPtr<CMyShellBrowser> held;
+    *held.put() = browser;  // takes the creation reference
+    if (!browser->Create(hwnd())) return nullptr;
+    ShowWindow(browser->hwnd(), SW_HIDE);
+    browser->LoadColumnMemory();
+    browsers_[choice.slot] = held;
+    ++count_;
+    return browser;
+}
+
+void CPloder::CloseBrowser(CMyShellBrowser* browser) {
+    if (!browser) return;
+    browser->closed = true;
+    browser->busy = true;
+    if (browser->View()) browser->View()->UIActivate(SVUIA_DEACTIVATE);
+    ShowWindow(browser->hwnd(), SW_HIDE);
+    if (active_ == browser) active_ = nullptr;
+}
+
+void CPloder::Activate(CMyShellBrowser* browser) {
+    if (active_ && active_ != browser) active_->SetActive(false);
+    active_ = browser;
+    Layout();
+    if (active_) {
+        active_->SetActive(true);
+        BrowserNavigated(*active_);
+    }
+}
+
+bool CPloder::EnsureBrowser() {
+    if (!active_) Activate(GetOrCreateBrowser());
+    return active_ != nullptr;
+}
+
+bool CPloder::NavigateToText(const std::wstring& path) { return EnsureBrowser() && active_->NavigateToText(path); }
+
+bool CPloder::NavigateToSpecial(int csidl) {
+    win::UniquePidl pidl = win::SpecialFolder(csidl);
+    return pidl && EnsureBrowser() && active_->NavigateTo(std::move(pidl), false, true);
+}
+
+bool CPloder::HasLocation() const { return active_ && active_->Current(); }
+
+std::wstring CPloder::LocationName() const { return active_ ? active_->CurrentPath() : std::wstring(); }
+
+void CPloder::Refresh() {
+    if (active_) active_->RefreshView();
+}
+
+void CPloder::BrowserNavigated(CMyShellBrowser& browser) {
+    if (&browser != active_) return;
+    const std::wstring name = browser.CurrentPath();
+    SetWindowTextW(hwnd(), name.c_str());  // readable by tests and accessibility tools
+    wchar_t title[64];
+    std::swprintf(title, 64, GetText(IDS_VIEW_NUMBER).c_str(), viewIndex_ + 1);
+    SetWindowTextW(location_, (std::wstring(title) + L":  " + name).c_str());
+}
+
+void CPloder::BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) {
+    if (&browser == active_) SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void CPloder::BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) {
+    HWND frameStatus = GetDlgItem(GetAncestor(hwnd(), GA_ROOT), 59393);
+    if (&browser == active_ && frameStatus)
+        SendMessageW(frameStatus, SB_SETTEXTW, 3, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+win::UniqueMenu CPloder::BuildBackgroundMenu(win::ComPtr<IContextMenu>& menu) {
+    win::UniqueMenu popup;
+    if (!active_ || !active_->View() ||
+        FAILED(active_->View()->GetItemObject(SVGIO_BACKGROUND, IID_IContextMenu, menu.put_void())))
+        return popup;
+    popup.reset(CreatePopupMenu());
+    if (!popup || FAILED(menu->QueryContextMenu(popup.get(), 0, kFirstMenuId, kLastMenuId, CMF_NORMAL))) return {};
+    wchar_t title[64];
+    std::swprintf(title, 64, L"T-View : %d", viewIndex_ + 1);
+    AppendMenuW(popup.get(), MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(popup.get(), MF_STRING | MF_DISABLED | MF_GRAYED, ID_BACKGROUND_TITLE, title);
+    return popup;
+}
+
+void CPloder::ShowBackgroundMenu(POINT screen) {
+    win::ComPtr<IContextMenu> menu;
+    win::UniqueMenu popup = BuildBackgroundMenu(menu);
+    if (!popup) return;
+    HWND modes = toolbars_.Modes();
+    if (modes) ShowWindow(modes, SW_HIDE);
+    const UINT id = TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, hwnd(), nullptr);
+    if (id >= kFirstMenuId && id <= kLastMenuId && active_) active_->RunMenuCommand(menu.get(), id - kFirstMenuId);
+    SendMessageW(statusBar_, SB_SIMPLE, FALSE, 0);
+    if (modes) ShowWindow(modes, SW_SHOW);
+}
+
+void CPloder::ToggleFilterBox() {
+    filter_.show_filter = filter_.show_filter ? 0 : 1;
+    Settings().PutInt(sectionName_, L"show_filter", filter_.show_filter);
+    Layout();
+    if (filter_.show_filter) SetFocus(filterBox_);
+}
+
+void CPloder::Layout() {
     RECT client;
     GetClientRect(hwnd(), &client);
-    FillRect(dc, &client, GetSysColorBrush(COLOR_WINDOW));
-    if (!titleFont_) {
-        NONCLIENTMETRICSW metrics{sizeof(metrics)};
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-        metrics.lfMessageFont.lfWeight = FW_BOLD;
-        titleFont_.reset(CreateFontIndirectW(&metrics.lfMessageFont));
+    const int line = win::Scaled(hwnd(), 22);
+    const int pad = win::Scaled(hwnd(), 4);
+    const int barHeight = toolbars_.Height() + win::Scaled(hwnd(), 4);
+    SendMessageW(statusBar_, SB_SETMINHEIGHT, barHeight, 0);
+    SetWindowPos(statusBar_, nullptr, 0, client.bottom - barHeight, client.right, barHeight, SWP_NOZORDER);
+    const int toolbarWidth = toolbars_.Place(statusBar_);
+    int parts[2] = {client.right - toolbarWidth > 0 ? client.right - toolbarWidth : 0, -1};
+    SendMessageW(statusBar_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
+    int top = 0;
+    SetWindowPos(location_, nullptr, pad, top, client.right - 2 * pad, line, SWP_NOZORDER);
+    top += line;
+    const bool showFilter = filter_.show_filter != 0;
+    ShowWindow(filterLabel_, showFilter ? SW_SHOW : SW_HIDE);
+    ShowWindow(filterBox_, showFilter ? SW_SHOW : SW_HIDE);
+    if (showFilter) {
+        const int label = win::Scaled(hwnd(), 40);
+        SetWindowPos(filterLabel_, nullptr, pad, top, label, line, SWP_NOZORDER);
+        SetWindowPos(filterBox_, nullptr, pad + label, top + 1, client.right - 2 * pad - label, line - 2, SWP_NOZORDER);
+        top += line + pad / 2;
     }
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
-    wchar_t title[64];
-    std::swprintf(title, 64, GetText(IDS_VIEW_NUMBER).c_str(), viewNumber_);
-    RECT line = client;
-    InflateRect(&line, -win::Scaled(hwnd(), 12), -win::Scaled(hwnd(), 10));
-    HGDIOBJ old = SelectObject(dc, titleFont_.get());
-    DrawTextW(dc, title, -1, &line, DT_LEFT | DT_TOP | DT_SINGLELINE | DT_NOPREFIX);
-    SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
-    line.top += win::Scaled(hwnd(), 24);
-    std::wstring where = location_ ? locationName_ : GetText(IDS_VIEW_NOTHING);
-    DrawTextW(dc, where.c_str(), -1, &line, DT_LEFT | DT_TOP | DT_WORDBREAK | DT_NOPREFIX | DT_PATH_ELLIPSIS);
-    SelectObject(dc, old);
-    EndPaint(hwnd(), &ps);
+    const int bottom = client.bottom - barHeight;
+    int left = 0;
+    ShowWindow(tree_, showTree_ == 1 ? SW_SHOW : SW_HIDE);
+    ShowWindow(treeEdge_, showTree_ == 1 ? SW_SHOW : SW_HIDE);
+    if (showTree_ == 1) {
+        const int treeWidth = std::max<int>(win::Scaled(hwnd(), 120), client.right * 3 / 10);
+        SetWindowPos(tree_, nullptr, 0, top, treeWidth, bottom - top, SWP_NOZORDER);
+        SetWindowPos(treeEdge_, nullptr, treeWidth, top, pad, bottom - top, SWP_NOZORDER);
+        left = treeWidth + pad;
+    }
+    if (active_)
+        SetWindowPos(active_->hwnd(), nullptr, left, top, std::max<int>(0, client.right - left),
+                     std::max<int>(0, bottom - top), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+LRESULT CPloder::OnNotify(NMHDR* header) {
+    if (header->code == TTN_GETDISPINFOW) {
+        auto* info = reinterpret_cast<NMTTDISPINFOW*>(header);
+        static std::wstring tip;  // the tooltip reads it right after this message
+        tip = GetText(static_cast<int>(header->idFrom));
+        info->lpszText = tip.data();
+        return 0;
+    }
+    if (header->code == TBN_DROPDOWN) {
+        auto* drop = reinterpret_cast<NMTOOLBARW*>(header);
+        RECT button;
+        SendMessageW(header->hwndFrom, TB_GETRECT, drop->iItem, reinterpret_cast<LPARAM>(&button));
+        POINT at{button.left, button.bottom};
+        ClientToScreen(header->hwndFrom, &at);
+        if (active_ && drop->iItem == ID_VIEW_MODES) active_->ShowViewModeMenu(at);
+        return TBDDRET_DEFAULT;
+    }
+    return 0;
 }
 
 LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_PAINT:
-        Paint();
+    case WM_CREATE:
+        return OnCreate() ? 0 : -1;
+    case WM_SIZE:
+        Layout();
         return 0;
-    case WM_ERASEBKGND:
-        return 1;
-    case WM_LBUTTONDOWN:
-        SetFocus(hwnd());
+    case WM_COMMAND:
+        if (lParam && HIWORD(wParam) != BN_CLICKED) break;  // notifications of the filter box
+        if (active_) active_->Execute(LOWORD(wParam));
         return 0;
+    case WM_NOTIFY:
+        return OnNotify(reinterpret_cast<NMHDR*>(lParam));
     case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-        InvalidateRect(hwnd(), nullptr, FALSE);
+        if (active_) SetFocus(active_->hwnd());
+        return 0;
+    case WM_CONTEXTMENU:
+        if (reinterpret_cast<HWND>(wParam) == hwnd() || reinterpret_cast<HWND>(wParam) == location_) {
+            POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+            ShowBackgroundMenu(at);
+            return 0;
+        }
         break;
     }
     return Default(message, wParam, lParam);

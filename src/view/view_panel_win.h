@@ -1,37 +1,90 @@
 #pragma once
-// A T-View panel. At this stage it shows which location its T-View was given; the folder
-// browser that fills it comes with the browser view.
+// A T-View as the user sees it: its location line, filter box, optional folder tree, status
+// bar with the toolbars, and the browser views of its tabs, one of them active and shown.
+#include <array>
 #include <string>
 
+#include "view/browser_slots.h"
+#include "view/shell_browser_win.h"
+#include "view/view_toolbars_win.h"
+#include "win/com_ptr_win.h"
 #include "win/handles_win.h"
 #include "win/window_win.h"
 
 namespace tessel {
 
-class CPloder : public win::Window {
+inline constexpr int kTreeId = 4567;
+inline constexpr int kFilterBoxId = 4568;
+
+struct PanelFilter {  // what the view filter reads from the panel's section
+    int by_filter = 0;
+    int by_negativ = 0;
+    int by_dir_filter = 0;
+    int show_filter = 0;
+    int by_auto_wildcard = 1;
+};
+
+class CPloder : public win::Window, public IBrowserOwner {
 public:
-    explicit CPloder(int viewNumber) : viewNumber_(viewNumber) {}
+    explicit CPloder(int viewIndex);  // counted from 0
+    ~CPloder() override;
     bool Create(HWND parent);
 
-    // Parses a typed path; an unknown location leaves the panel as it was and answers false.
+    // Navigation of the active browser view; false leaves the view as it was.
     bool NavigateToText(const std::wstring& path);
     bool NavigateToSpecial(int csidl);
-    bool HasLocation() const { return static_cast<bool>(location_); }
-    const std::wstring& LocationName() const { return locationName_; }
-    int ViewNumber() const { return viewNumber_; }
+    bool HasLocation() const;
+    std::wstring LocationName() const;
+    int ViewNumber() const override { return viewIndex_; }
     void Refresh();
+
+    CMyShellBrowser* GetOrCreateBrowser();
+    void CloseBrowser(CMyShellBrowser* browser);
+    void Activate(CMyShellBrowser* browser);
+    CMyShellBrowser* Active() const { return active_; }
+    int BrowserCount() const { return count_; }
+    const std::wstring& SectionName() const { return sectionName_; }
+    const std::wstring& ColumnSection() const { return columnSection_; }
+    const PanelFilter& Filter() const { return filter_; }
+    HWND StatusBar() const { return statusBar_; }
+    const ViewToolbars& Toolbars() const { return toolbars_; }
+
+    // IBrowserOwner
+    void BrowserNavigated(CMyShellBrowser& browser) override;
+    void BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) override;
+    void BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) override;
+    void ShowBackgroundMenu(POINT screenPoint) override;
+    // The shell's menu of the folder's background with the T-View's title item at the end.
+    win::UniqueMenu BuildBackgroundMenu(win::ComPtr<IContextMenu>& menu);
+    void ToggleFilterBox() override;
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    bool Show(win::UniquePidl pidl);
-    void Paint();
+    bool OnCreate();
+    void ReadFilterValues();
+    void Layout();
+    LRESULT OnNotify(NMHDR* header);
+    bool EnsureBrowser();
 
-    int viewNumber_;
-    win::UniquePidl location_;
-    std::wstring locationName_;
-    win::UniqueFont titleFont_;
+    int viewIndex_;
+    std::wstring sectionName_;
+    std::wstring name_;
+    std::wstring columnSection_;
+    std::array<win::ComPtr<CMyShellBrowser>, kBrowserSlots> browsers_;
+    int count_ = 0;
+    CMyShellBrowser* active_ = nullptr;
+    PanelFilter filter_;
+    int showTree_ = 0;
+
+    HWND tree_ = nullptr;
+    HWND filterBox_ = nullptr;
+    HWND location_ = nullptr;    // first static: where the view is
+    HWND filterLabel_ = nullptr;  // second static: the filter box's label
+    HWND treeEdge_ = nullptr;     // third static: the edge between tree and list
+    HWND statusBar_ = nullptr;
+    ViewToolbars toolbars_;
 };
 
 }  // namespace tessel

@@ -1,0 +1,198 @@
+// Navigation of a browser view: the steps that replace the shown folder's view by a new one
+// and carry the view settings, columns and selection across.
+#include <windows.h>
+#include <commctrl.h>
+#include <mmsystem.h>
+
+#include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "res/resource.h"
+#include "view/location_text.h"
+#include "view/shell_browser_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel {
+
+void RememberListFont(HFONT font);
+
+namespace {
+
+constexpr UINT_PTR kTimerTick = 1005;
+constexpr int kFilterTextLimit = 2048;
+
+// The caller's flags minus the ones a browser view never wants, plus the options' choices.
+UINT AdjustViewFlags(UINT flags) {
+    flags &= ~(FWF_DESKTOP | FWF_NOGROUPING | FWF_HIDEFILENAMES | FWF_NOCOLUMNHEADER | FWF_NOHEADERINALLVIEWS);
+    if (Options().noenumrefresh) flags |= FWF_NOENUMREFRESH; else flags &= ~FWF_NOENUMREFRESH;
+    if (Options().header_in_all_views) flags &= ~FWF_NOHEADERINALLVIEWS; else flags |= FWF_NOHEADERINALLVIEWS;
+    return flags;
+}
+
+// The click is asynchronous and played from the program's own resource.
+void PlayClick() {
+    PlaySoundW(MAKEINTRESOURCEW(IDR_CLICK_SOUND), GetModuleHandleW(nullptr), SND_RESOURCE | SND_ASYNC | SND_NODEFAULT);
+}
+
+}  // namespace
+
+int CMyShellBrowser::NavigateTo(win::UniquePidl pidl, bool /*fromHistory*/, bool counted) {
+    if (!pidl) return 0;
+    if (shown_ && view_ && win::SamePidl(pidl.get(), shown_.get())) {
+        RefreshView();
+        return 1;
+    }
+    target_ = std::move(pidl);
+    if (navigating_) return 0;  // asked for during a navigation: dropped
+    return BrowseFolder(counted);
+}
+
+int CMyShellBrowser::NavigateToText(const std::wstring& text) {
+    win::UniquePidl pidl = win::PidlFromPath(NormalizeLocationText(text));
+    return pidl ? NavigateTo(std::move(pidl), false, true) : 0;
+}
+
+void CMyShellBrowser::NavigateUp() {
+    if (!shown_ || ILIsEmpty(shown_.get())) return;
+    win::UniquePidl child = win::ClonePidl(shown_.get());
+    if (NavigateTo(win::ParentOf(shown_.get()), false, true)) SelectAfterUp(child.get());
+}
+
+void CMyShellBrowser::SelectAfterUp(PCIDLIST_ABSOLUTE child) {
+    HWND list = GetListControl();
+    if (!Options().select_last_if_navigate_up || !view_ || !child || !list) return;
+    if (SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0) == 0)
+        view_->SelectItem(ILFindLastID(child), SVSI_SELECT | SVSI_ENSUREVISIBLE | SVSI_FOCUSED);
+}
+
+HRESULT CMyShellBrowser::RefreshView() {
+    ScopedOption columns(Options().spalten_speichern, 1);
+    suppressClick_ = true;
+    if (shown_) {
+        target_ = win::ClonePidl(shown_.get());
+        BrowseFolder(false);
+    }
+    HRESULT result = view_ ? view_->Refresh() : E_FAIL;
+    suppressClick_ = false;
+    return result;
+}
+
+HWND CMyShellBrowser::GetListControl() const {
+    if (!viewWindow_) return nullptr;
+    HWND list = FindWindowExW(viewWindow_, nullptr, WC_LISTVIEWW, nullptr);
+    if (!list) list = FindWindowExW(viewWindow_, nullptr, L"ThumbnailVwExtWnd32", nullptr);
+    if (!list) list = FindWindowExW(nullptr, nullptr, WC_LISTVIEWW, nullptr);
+    return list;
+}
+
+void CMyShellBrowser::RecordOutgoingState() {
+    if (!view_) return;
+    if (Options().spalten_speichern && !viewSaved_) {
+        view_->SaveViewState();
+        HarvestStreams();
+    }
+    view_->GetCurrentInfo(&outgoing_.settings);
+    HWND list = GetListControl();
+    outgoing_.selectedCount = list ? static_cast<int>(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0)) : 0;
+    outgoing_.filterText.clear();
+    if (filterBox_) {
+        wchar_t text[kFilterTextLimit + 1] = {};
+        GetWindowTextW(filterBox_, text, kFilterTextLimit + 1);
+        outgoing_.filterText = text;
+    }
+    if (Options().audio_click && !suppressClick_) PlayClick();
+}
+
+FOLDERSETTINGS CMyShellBrowser::NextFolderSettings() const {
+    FOLDERSETTINGS settings{FVM_DETAILS, FWF_SHOWSELALWAYS};
+    if (callerSettings_)
+        settings = *callerSettings_;
+    else if (view_)
+        settings = outgoing_.settings;
+    if (oneShot_) settings = oneShotSettings_;
+    settings.fFlags = AdjustViewFlags(settings.fFlags);
+    return settings;
+}
+
+int CMyShellBrowser::BrowseFolder(bool counted) {
+    if (!target_ || !hwnd()) return 0;
+    navigating_ = true;
+    const int savedMark = std::exchange(selectionMark_, -2);
+    const bool savedRequest = std::exchange(statusRequested_, true);
+    static const int kColorIds[4] = {COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT, COLOR_BTNFACE, COLOR_WINDOWTEXT};
+    for (int i = 0; i < 4; ++i) colors_[i] = GetSysColor(kColorIds[i]);
+    win::ComPtr<IShellFolder> folder = win::BindFolder(target_.get());
+    statusText_.clear();
+    Sleep(0);
+    bool ok = false;
+    if (folder) {
+        RecordOutgoingState();
+        ok = SwapInView(folder, NextFolderSettings(), counted);
+    }
+    if (!ok) {
+        selectionMark_ = savedMark;
+        statusRequested_ = savedRequest;
+        target_ = win::ClonePidl(shown_.get());  // back to what is shown
+    }
+    callerSettings_ = nullptr;
+    oneShot_ = false;
+    navigating_ = false;
+    return ok ? 1 : 0;
+}
+
+bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted) {
+    win::ComPtr<IShellView> view;
+    if (FAILED(folder->CreateViewObject(hwnd(), IID_IShellView, view.put_void()))) {
+        RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        return false;
+    }
+    RECT client;
+    GetClientRect(hwnd(), &client);
+    HWND window = nullptr;
+    if (FAILED(view->CreateViewWindow(view_.get(), &settings, this, &client, &window)) || !window) {
+        statusText_ = GetText(134) + L": " + win::LocationNameOf(target_.get());
+        owner_.BrowserStatus(*this, statusText_);
+        RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        return false;
+    }
+    TearDownView();
+    view_ = view;
+    viewWindow_ = window;
+    viewSaved_ = false;
+    if (counted) highestIndex_ = ++historyIndex_;
+    previous_ = std::move(shown_);
+    previousFolder_ = std::move(shownFolder_);
+    shown_ = win::ClonePidl(target_.get());
+    shownFolder_ = folder;
+    currentName_ = win::LocationNameOf(shown_.get());
+    AfterViewCreated();
+    return true;
+}
+
+void CMyShellBrowser::AfterViewCreated() {
+    HWND list = GetListControl();
+    if (list && IsChild(viewWindow_, list)) {
+        SetWindowSubclass(list, &CMyShellBrowser::ListProc, 1, reinterpret_cast<DWORD_PTR>(this));
+        subclassedList_ = list;
+        if (Options().no_keep_grouping) {
+            SendMessageW(list, LVM_ENABLEGROUPVIEW, FALSE, 0);
+            SendMessageW(list, LVM_REMOVEALLGROUPS, 0, 0);
+        }
+        const DWORD fullRow = Options().fullrow_sel ? LVS_EX_FULLROWSELECT : 0;
+        SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, fullRow);
+        if (Options().disable_column_hl) SendMessageW(list, LVM_SETSELECTEDCOLUMN, static_cast<WPARAM>(-1), 0);
+        RememberListFont(reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
+    }
+    RECT client;
+    GetClientRect(hwnd(), &client);
+    SetWindowPos(viewWindow_, nullptr, 0, 0, client.right, client.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+    view_->UIActivate(IsWindowVisible(hwnd()) ? uiState_ : static_cast<UINT>(SVUIA_ACTIVATE_NOFOCUS));
+    if (uiState_ == SVUIA_ACTIVATE_FOCUS && IsWindowVisible(hwnd())) SetFocus(viewWindow_);
+    uiState_ = SVUIA_ACTIVATE_FOCUS;
+    firstNavigationDone_ = true;
+    owner_.BrowserNavigated(*this);
+    RegisterChangeNotify();
+    statusRequested_ = true;
+    SetTimer(hwnd(), kTimerTick, 5, nullptr);
+}
+
+}  // namespace tessel

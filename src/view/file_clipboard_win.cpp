@@ -1,0 +1,139 @@
+#include "view/file_clipboard_win.h"
+
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <cstring>
+
+#include "view/copy_name.h"
+
+namespace tessel {
+namespace {
+
+UINT PreferredEffectFormat() {
+    static const UINT format = RegisterClipboardFormatW(CFSTR_PREFERREDDROPEFFECT);
+    return format;
+}
+
+// Paths separated by nulls and ended by two: the form of CF_HDROP and of SHFileOperationW.
+std::wstring DoubleNullList(const std::vector<std::wstring>& paths) {
+    std::wstring list;
+    for (const std::wstring& path : paths) {
+        list += path;
+        list += L'\0';
+    }
+    list += L'\0';
+    return list;
+}
+
+HGLOBAL DropFilesBlock(const std::vector<std::wstring>& paths) {
+    const std::wstring list = DoubleNullList(paths);
+    const size_t bytes = sizeof(DROPFILES) + list.size() * sizeof(wchar_t);
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+    if (!block) return nullptr;
+    auto* drop = static_cast<DROPFILES*>(GlobalLock(block));
+    drop->pFiles = sizeof(DROPFILES);
+    drop->fWide = TRUE;
+    std::memcpy(reinterpret_cast<char*>(drop) + sizeof(DROPFILES), list.data(), list.size() * sizeof(wchar_t));
+    GlobalUnlock(block);
+    return block;
+}
+
+HGLOBAL EffectBlock(DWORD effect) {
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof(DWORD));
+    if (!block) return nullptr;
+    *static_cast<DWORD*>(GlobalLock(block)) = effect;
+    GlobalUnlock(block);
+    return block;
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    const size_t slash = path.find_last_of(L'\\');
+    return slash == std::wstring::npos ? std::wstring() : path.substr(0, slash == 2 ? 3 : slash);
+}
+
+bool SameText(const std::wstring& a, const std::wstring& b) {
+    return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
+}  // namespace
+
+bool PutFilesOnClipboard(HWND owner, const std::vector<std::wstring>& paths, DWORD effect) {
+    if (paths.empty() || !OpenClipboard(owner)) return false;
+    EmptyClipboard();
+    HGLOBAL drop = DropFilesBlock(paths);
+    HGLOBAL preferred = EffectBlock(effect);
+    // The clipboard owns a block once SetClipboardData accepts it.
+    bool ok = drop && SetClipboardData(CF_HDROP, drop);
+    if (!ok && drop) GlobalFree(drop);
+    if (preferred && !SetClipboardData(PreferredEffectFormat(), preferred)) GlobalFree(preferred);
+    CloseClipboard();
+    return ok;
+}
+
+bool ReadClipboardFiles(HWND owner, ClipboardFiles& files) {
+    files = ClipboardFiles{};
+    if (!OpenClipboard(owner)) return false;
+    if (HANDLE drop = GetClipboardData(CF_HDROP)) {
+        auto hdrop = static_cast<HDROP>(drop);
+        const UINT count = DragQueryFileW(hdrop, 0xFFFFFFFF, nullptr, 0);
+        for (UINT i = 0; i < count; ++i) {
+            std::wstring path(DragQueryFileW(hdrop, i, nullptr, 0) + 1, L'\0');
+            path.resize(DragQueryFileW(hdrop, i, path.data(), static_cast<UINT>(path.size())));
+            if (!path.empty()) files.paths.push_back(std::move(path));
+        }
+    }
+    if (HANDLE effect = GetClipboardData(PreferredEffectFormat())) {
+        if (const auto* value = static_cast<const DWORD*>(GlobalLock(effect))) {
+            if (*value & DROPEFFECT_MOVE) files.effect = DROPEFFECT_MOVE;
+            GlobalUnlock(effect);
+        }
+    }
+    CloseClipboard();
+    return !files.paths.empty();
+}
+
+bool PasteFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder) {
+    if (files.paths.empty() || targetFolder.empty()) return false;
+    const bool move = files.effect & DROPEFFECT_MOVE;
+    if (move && SameText(FolderOf(files.paths.front()), targetFolder)) return false;  // nothing to move
+    const std::wstring from = DoubleNullList(files.paths);
+    SHFILEOPSTRUCTW operation{};
+    operation.hwnd = owner;
+    operation.wFunc = move ? FO_MOVE : FO_COPY;
+    operation.pFrom = from.c_str();
+    operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMMKDIR;
+    std::vector<std::wstring> targets{targetFolder};
+    if (!move && SameText(FolderOf(files.paths.front()), targetFolder)) {
+        // Copies beside their originals get free names of their own.
+        targets.clear();
+        auto taken = [&](const std::wstring& name) {
+            return GetFileAttributesW((targetFolder + L"\\" + name).c_str()) != INVALID_FILE_ATTRIBUTES;
+        };
+        for (const std::wstring& path : files.paths)
+            targets.push_back(targetFolder + L"\\" + FreeCopyName(path.substr(path.find_last_of(L'\\') + 1), taken));
+        operation.fFlags |= FOF_MULTIDESTFILES;
+    }
+    const std::wstring to = DoubleNullList(targets);
+    operation.pTo = to.c_str();
+    const bool ok = SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+    // Cut files that arrived are no longer where the clipboard says.
+    if (ok && move && OpenClipboard(owner)) {
+        EmptyClipboard();
+        CloseClipboard();
+    }
+    return ok;
+}
+
+bool DeleteFiles(HWND owner, const std::vector<std::wstring>& paths, bool permanently) {
+    if (paths.empty()) return false;
+    const std::wstring from = DoubleNullList(paths);
+    SHFILEOPSTRUCTW operation{};
+    operation.hwnd = owner;
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = from.c_str();
+    operation.fFlags = permanently ? 0 : FOF_ALLOWUNDO;
+    return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+}
+
+}  // namespace tessel

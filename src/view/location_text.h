@@ -1,0 +1,11 @@
+#pragma once
+// Typed or pasted locations before they are parsed: "ftp." hosts get their scheme, "file://"
+// addresses become paths, surrounding blanks and quotes go.
+#include <string>
+#include <string_view>
+
+namespace tessel {
+
+std::wstring NormalizeLocationText(std::wstring_view text);
+
+}  // namespace tessel

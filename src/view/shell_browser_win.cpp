@@ -1,0 +1,258 @@
+#include "view/shell_browser_win.h"
+
+#include <commctrl.h>
+
+#include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "res/resource.h"
+#include "view/status_text.h"
+#include "win/shell_item_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr UINT_PTR kTimerTick = 1005;
+constexpr UINT_PTR kTimerFreeSpace = 101123;
+constexpr UINT_PTR kTimerRenavigate = 10010;
+constexpr UINT_PTR kTimerFocus = 10011;
+constexpr UINT_PTR kTimerReselect = 10000;
+
+HFONT g_listFont = nullptr;  // owned by the list that made it; only read
+
+}  // namespace
+
+HFONT ProgramListFont() { return g_listFont; }
+void RememberListFont(HFONT font) {
+    if (!g_listFont) g_listFont = font;
+}
+
+CMyShellBrowser::CMyShellBrowser(IBrowserOwner& owner, std::wstring columnSection, HWND filterBox)
+    : owner_(owner), columnSection_(std::move(columnSection)), filterBox_(filterBox) {}
+
+CMyShellBrowser::~CMyShellBrowser() { TearDownView(); }
+
+bool CMyShellBrowser::Create(HWND parent) {
+    return CreateWindowOf(L"TesselBrowserView", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN,
+                          WS_EX_CONTROLPARENT, L"", 0, 0, 0, 0, parent, nullptr, 0) != nullptr;
+}
+
+STDMETHODIMP CMyShellBrowser::QueryInterface(REFIID riid, void** object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (riid == IID_IUnknown || riid == IID_IOleWindow || riid == IID_IShellBrowser)
+        *object = static_cast<IShellBrowser*>(this);
+    else if (riid == IID_ICommDlgBrowser)
+        *object = static_cast<ICommDlgBrowser*>(this);
+    else
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP_(ULONG) CMyShellBrowser::AddRef() { return ++references_; }
+
+STDMETHODIMP_(ULONG) CMyShellBrowser::Release() {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+}
+
+STDMETHODIMP CMyShellBrowser::GetWindow(HWND* window) {
+    if (!window) return E_POINTER;
+    *window = hwnd();
+    return S_OK;
+}
+
+STDMETHODIMP CMyShellBrowser::BrowseObject(PCUIDLIST_RELATIVE pidl, UINT flags) {
+    if (flags & SBSP_PARENT) {
+        NavigateUp();
+        return S_OK;
+    }
+    win::UniquePidl target;
+    if (flags & SBSP_RELATIVE)
+        target.reset(shown_ ? ILCombine(shown_.get(), pidl) : nullptr);
+    else
+        target = win::ClonePidl(reinterpret_cast<PCIDLIST_ABSOLUTE>(pidl));
+    if (!target) return E_FAIL;
+    return NavigateTo(std::move(target), false, true) ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP CMyShellBrowser::GetControlWindow(UINT, HWND* window) {
+    if (window) *window = nullptr;
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP CMyShellBrowser::SendControlMsg(UINT, UINT, WPARAM, LPARAM, LRESULT* result) {
+    if (result) *result = 0;
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP CMyShellBrowser::QueryActiveShellView(IShellView** view) {
+    if (!view) return E_POINTER;
+    *view = view_.get();
+    if (!*view) return E_FAIL;
+    (*view)->AddRef();
+    return S_OK;
+}
+
+// A double-click or Enter on a folder: the host navigates; files are left to the view.
+STDMETHODIMP CMyShellBrowser::OnDefaultCommand(IShellView* view) {
+    win::ComPtr<IFolderView> folderView = win::ComPtr<IShellView>(view).As<IFolderView>();
+    int focused = -1;
+    PITEMID_CHILD child = nullptr;
+    if (!folderView || !shownFolder_ || FAILED(folderView->GetFocusedItem(&focused)) || focused < 0 ||
+        FAILED(folderView->Item(focused, &child)))
+        return S_FALSE;
+    SFGAOF attributes = SFGAO_FOLDER | SFGAO_BROWSABLE | SFGAO_STREAM;
+    PCUITEMID_CHILD children[] = {child};
+    const bool isFolder = SUCCEEDED(shownFolder_->GetAttributesOf(1, children, &attributes)) &&
+                          (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)) && !(attributes & SFGAO_STREAM);
+    win::UniquePidl target(isFolder ? ILCombine(shown_.get(), child) : nullptr);
+    CoTaskMemFree(child);
+    if (!target) return S_FALSE;
+    NavigateTo(std::move(target), false, true);
+    return S_OK;
+}
+
+STDMETHODIMP CMyShellBrowser::OnStateChange(IShellView*, ULONG change) {
+    if (change == CDBOSC_SELCHANGE) statusRequested_ = true;
+    return S_OK;
+}
+
+// The view filter acts here; until it is set, every item is listed.
+STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD) { return S_OK; }
+
+void CMyShellBrowser::SetActive(bool active) {
+    ShowWindow(hwnd(), active ? SW_SHOW : SW_HIDE);
+    if (!view_) return;
+    if (active) {
+        view_->UIActivate(SVUIA_ACTIVATE_FOCUS);
+        SetFocus(viewWindow_);
+        statusRequested_ = true;
+    } else {
+        view_->UIActivate(SVUIA_DEACTIVATE);
+    }
+}
+
+LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CREATE:
+        SetClassLongPtrW(hwnd(), GCL_STYLE, 0);
+        break;
+    case kMsgDirectoryChange:
+        return 0;  // handed to the folder-size cache once it exists
+    case kMsgShellChange:
+        OnShellChange(wParam, lParam);
+        return 0;
+    case kMsgQueryItem:
+        return -1;  // answered for the colour rules once they exist
+    case WM_SIZE:
+        if (viewWindow_)
+            SetWindowPos(viewWindow_, nullptr, 0, 0, LOWORD(lParam), HIWORD(lParam), SWP_NOZORDER | SWP_NOACTIVATE);
+        return 0;
+    case kMsgQueryBrowser:
+        return reinterpret_cast<LRESULT>(static_cast<IShellBrowser*>(this));
+    case WM_COMMAND:
+        Execute(LOWORD(wParam));
+        return 0;
+    case WM_TIMER:
+        OnTimer(wParam);
+        return 0;
+    case kMsgStatusReady:
+        OnStatusReady();
+        return 0;
+    case WM_SETFOCUS:
+        if (viewWindow_) SetFocus(viewWindow_);
+        return 0;
+    case WM_DESTROY:
+        TearDownView();
+        break;
+    }
+    return Default(message, wParam, lParam);
+}
+
+void CMyShellBrowser::OnTimer(UINT_PTR id) {
+    KillTimer(hwnd(), id);
+    switch (id) {
+    case kTimerTick:
+        ++tickCount_;
+        if (statusRequested_ && IsWindowVisible(hwnd()) &&
+            statusWorker_.Start(GetListControl(), FolderPathForStatus(), hwnd(), kMsgStatusReady)) {
+            statusRequested_ = false;  // the worker's result re-arms the tick
+            return;
+        }
+        SetTimer(hwnd(), kTimerTick, 100, nullptr);
+        break;
+    case kTimerFreeSpace:
+        statusRequested_ = true;
+        break;
+    case kTimerRenavigate:
+        if (shown_) {
+            target_ = win::ClonePidl(shown_.get());
+            BrowseFolder(false);
+        }
+        break;
+    case kTimerFocus:
+        if (viewWindow_) SetFocus(viewWindow_);
+        break;
+    case kTimerReselect:
+        if (reselect_ && view_ && std::labs(static_cast<long>(time(nullptr) - reselectTime_)) < 5)
+            view_->SelectItem(ILFindLastID(reselect_.get()), SVSI_SELECT | SVSI_DESELECTOTHERS | SVSI_ENSUREVISIBLE |
+                                                                 SVSI_FOCUSED);
+        break;
+    }
+}
+
+std::wstring CMyShellBrowser::FolderPathForStatus() const { return win::FileSystemPathOf(shown_.get()); }
+
+void CMyShellBrowser::OnStatusReady() {
+    const StatusResult result = statusWorker_.TakeResult();
+    const StatusWords words{GetText(IDS_STATUS_ITEMS), GetText(IDS_STATUS_SELECTED), GetText(IDS_STATUS_FOLDERS),
+                            GetText(IDS_STATUS_FILES), GetText(108)};
+    statusText_ = FormatStatusText(result.counts, Options().status_selection_type, Options().status_no_selection_type,
+                                   words);
+    freeSpaceText_ = result.freeKnown
+                         ? FormatFreeSpace(result.freeBytes, result.driveBytes, GetText(108), GetText(109))
+                         : std::wstring();
+    owner_.BrowserStatus(*this, statusText_);
+    owner_.BrowserFreeSpace(*this, freeSpaceText_);
+    SetTimer(hwnd(), kTimerTick, 100, nullptr);
+}
+
+void CMyShellBrowser::OnShellChange(WPARAM wParam, LPARAM lParam) {
+    PIDLIST_ABSOLUTE* items = nullptr;
+    LONG event = 0;
+    HANDLE lock = SHChangeNotification_Lock(reinterpret_cast<HANDLE>(wParam), static_cast<DWORD>(lParam), &items,
+                                            &event);
+    if (!lock) return;
+    SHChangeNotification_Unlock(lock);
+    constexpr LONG kFreeSpaceEvents = SHCNE_CREATE | SHCNE_DELETE | SHCNE_MKDIR | SHCNE_RMDIR | SHCNE_DRIVEREMOVED |
+                                      SHCNE_DRIVEADD | SHCNE_FREESPACE;
+    if (event & kFreeSpaceEvents) SetTimer(hwnd(), kTimerFreeSpace, 200, nullptr);
+}
+
+void CMyShellBrowser::RegisterChangeNotify() {
+    if (notifyId_) SHChangeNotifyDeregister(notifyId_);
+    notifyId_ = 0;
+    if (!shown_) return;
+    SHChangeNotifyEntry entry{shown_.get(), FALSE};
+    notifyId_ = SHChangeNotifyRegister(hwnd(), SHCNRF_InterruptLevel | SHCNRF_ShellLevel, 0x6201F, kMsgShellChange, 1,
+                                       &entry);
+}
+
+void CMyShellBrowser::TearDownView() {
+    statusWorker_.Stop();
+    if (notifyId_) SHChangeNotifyDeregister(notifyId_);
+    notifyId_ = 0;
+    if (subclassedList_) RemoveWindowSubclass(subclassedList_, &CMyShellBrowser::ListProc, 1);
+    subclassedList_ = nullptr;
+    if (view_) {
+        view_->UIActivate(SVUIA_DEACTIVATE);
+        view_->DestroyViewWindow();
+        view_.reset();
+    }
+    viewWindow_ = nullptr;
+    pendingStreams_.clear();
+}
+
+}  // namespace tessel

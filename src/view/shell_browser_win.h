@@ -1,0 +1,190 @@
+#pragma once
+// The browser view: hosts one shell folder view at a time for a T-View tab and plays the
+// shell's browser for it. Navigation replaces the view; columns, view mode and selection are
+// carried across; the status worker keeps the counts and free space fresh.
+#include <windows.h>
+#include <shlobj.h>
+
+#include <atomic>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "view/column_store.h"
+#include "view/status_worker_win.h"
+#include "win/com_ptr_win.h"
+#include "win/handles_win.h"
+#include "win/window_win.h"
+
+namespace tessel {
+
+class CMyShellBrowser;
+
+// What a browser view tells its panel and asks of it.
+class IBrowserOwner {
+public:
+    virtual ~IBrowserOwner() = default;
+    virtual void BrowserNavigated(CMyShellBrowser& browser) = 0;
+    virtual void BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) = 0;
+    virtual void BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) = 0;
+    virtual void ShowBackgroundMenu(POINT screenPoint) = 0;
+    virtual void ToggleFilterBox() = 0;
+    virtual int ViewNumber() const = 0;  // counted from 0
+};
+
+inline constexpr UINT kMsgQueryBrowser = WM_USER + 7;
+inline constexpr UINT kMsgShellChange = WM_USER + 0xCF0;
+inline constexpr UINT kMsgDirectoryChange = WM_USER + 0xCF1;
+inline constexpr UINT kMsgQueryItem = WM_USER + 0xE1;
+inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
+
+class CMyShellBrowser : public win::Window, public IShellBrowser, public ICommDlgBrowser {
+public:
+    CMyShellBrowser(IBrowserOwner& owner, std::wstring columnSection, HWND filterBox);
+    bool Create(HWND parent);
+
+    // IUnknown
+    STDMETHODIMP QueryInterface(REFIID riid, void** object) override;
+    STDMETHODIMP_(ULONG) AddRef() override;
+    STDMETHODIMP_(ULONG) Release() override;
+    // IOleWindow
+    STDMETHODIMP GetWindow(HWND* window) override;
+    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+    // IShellBrowser
+    STDMETHODIMP InsertMenusSB(HMENU, LPOLEMENUGROUPWIDTHS) override { return E_NOTIMPL; }
+    STDMETHODIMP SetMenuSB(HMENU, HOLEMENU, HWND) override { return E_NOTIMPL; }
+    STDMETHODIMP RemoveMenusSB(HMENU) override { return E_NOTIMPL; }
+    STDMETHODIMP SetStatusTextSB(LPCWSTR) override { return S_OK; }
+    STDMETHODIMP EnableModelessSB(BOOL) override { return S_OK; }
+    STDMETHODIMP TranslateAcceleratorSB(MSG*, WORD) override { return S_FALSE; }
+    STDMETHODIMP BrowseObject(PCUIDLIST_RELATIVE pidl, UINT flags) override;
+    STDMETHODIMP GetViewStateStream(DWORD mode, IStream** stream) override;
+    STDMETHODIMP GetControlWindow(UINT id, HWND* window) override;
+    STDMETHODIMP SendControlMsg(UINT id, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+    STDMETHODIMP QueryActiveShellView(IShellView** view) override;
+    STDMETHODIMP OnViewWindowActive(IShellView*) override { return S_OK; }
+    STDMETHODIMP SetToolbarItems(LPTBBUTTONSB, UINT, UINT) override { return S_OK; }
+    // ICommDlgBrowser
+    STDMETHODIMP OnDefaultCommand(IShellView* view) override;
+    STDMETHODIMP OnStateChange(IShellView* view, ULONG change) override;
+    STDMETHODIMP IncludeObject(IShellView* view, PCUITEMID_CHILD item) override;
+
+    // Navigation. The caller's list is taken over in every case.
+    int NavigateTo(win::UniquePidl pidl, bool fromHistory, bool counted);
+    int NavigateToText(const std::wstring& text);
+    int BrowseFolder(bool counted);
+    HRESULT RefreshView();
+    void NavigateUp();
+    void SelectAfterUp(PCIDLIST_ABSOLUTE child);
+    HWND GetListControl() const;
+
+    // Column and view-mode memory.
+    void LoadColumnMemory();
+    void SaveColumnMemory();
+    std::wstring GetEncodedViewState(std::wstring* key = nullptr);
+    std::wstring ColumnKeyOf(PCIDLIST_ABSOLUTE folder, IShellFolder* shellFolder) const;
+    ColumnStore& Columns() { return columns_; }
+
+    // State for the panel and the tests.
+    PCIDLIST_ABSOLUTE Current() const { return shown_.get(); }
+    std::wstring CurrentPath() const { return currentName_; }
+    IShellView* View() const { return view_.get(); }
+    HWND ViewWindow() const { return viewWindow_; }
+    const std::wstring& StatusText() const { return statusText_; }
+    const std::wstring& FreeSpaceText() const { return freeSpaceText_; }
+    int HistoryIndex() const { return historyIndex_; }
+    void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
+    bool closed = false;  // kept by the panel for reuse
+    bool busy = false;
+    void RequestStatus() { statusRequested_ = true; }
+    void Execute(int command);  // view commands of the toolbars and menus
+    // Carries out a command of a context menu built with ids from 1; false when it failed.
+    bool RunMenuCommand(IContextMenu* menu, UINT offset);
+    void ShowViewModeMenu(POINT screenPoint);
+
+protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    ~CMyShellBrowser() override;
+    void OnTimer(UINT_PTR id);
+    void OnStatusReady();
+    void OnShellChange(WPARAM wParam, LPARAM lParam);
+    void RegisterChangeNotify();
+    void TearDownView();
+    void HarvestStreams();
+    bool SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted);
+    FOLDERSETTINGS NextFolderSettings() const;
+    void RecordOutgoingState();
+    void AfterViewCreated();
+    std::wstring FolderPathForStatus() const;
+
+    // Context menus, keyboard and the clipboard of the list.
+    static LRESULT CALLBACK ListProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
+    bool OnListKey(WPARAM key);
+    void OnListContextMenu(HWND list, LPARAM lParam);
+    void RunItemMenu(POINT screenPoint);
+    std::vector<std::wstring> SelectedPaths() const;
+    void PasteFiles();
+    void NewFolder();
+    void InvokeSelectionVerb(const char* verb);
+
+    std::atomic<ULONG> references_{1};
+    IBrowserOwner& owner_;
+    std::wstring columnSection_;
+    HWND filterBox_;
+
+    win::ComPtr<IShellView> view_;
+    HWND viewWindow_ = nullptr;
+    HWND subclassedList_ = nullptr;
+    win::UniquePidl target_;  // the folder asked for
+    win::UniquePidl shown_;   // the folder the view shows
+    win::ComPtr<IShellFolder> shownFolder_;
+    win::UniquePidl previous_;
+    win::ComPtr<IShellFolder> previousFolder_;
+    std::wstring currentName_;
+
+    const FOLDERSETTINGS* callerSettings_ = nullptr;
+    bool oneShot_ = false;
+    FOLDERSETTINGS oneShotSettings_{FVM_DETAILS, 0};
+    struct Outgoing {
+        FOLDERSETTINGS settings{FVM_DETAILS, 0};
+        std::wstring filterText;
+        int selectedCount = 0;
+    } outgoing_;
+
+    int historyIndex_ = -1;
+    int highestIndex_ = -1;
+    int jumpIndex_ = -1;
+    bool navigating_ = false;
+    bool firstNavigationDone_ = false;
+    bool suppressClick_ = false;
+    bool viewSaved_ = false;
+    UINT uiState_ = SVUIA_ACTIVATE_NOFOCUS;
+    COLORREF colors_[4] = {};
+
+    std::wstring statusText_;
+    std::wstring freeSpaceText_;
+    ULONG notifyId_ = 0;
+    win::UniquePidl reselect_;
+    time_t reselectTime_ = 0;
+
+    ColumnStore columns_;
+    struct PendingStream {
+        bool history;
+        int historyIndex;
+        std::wstring key;
+        win::ComPtr<IStream> stream;
+    };
+    std::vector<PendingStream> pendingStreams_;
+
+    int tickCount_ = 0;
+    int selectionMark_ = -1;
+    bool statusRequested_ = false;
+    StatusWorker statusWorker_;
+};
+
+// The font of the first list shown, shared by the program.
+HFONT ProgramListFont();
+
+}  // namespace tessel

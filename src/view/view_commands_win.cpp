@@ -1,0 +1,285 @@
+// What the user does inside a browser view's list: context menus, keys, the clipboard and the
+// view commands of the toolbars. The shell view lists; these are the host's additions.
+#include <windows.h>
+#include <commctrl.h>
+#include <shellapi.h>
+#include <windowsx.h>
+
+#include <cwchar>
+
+#include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "res/resource.h"
+#include "view/file_clipboard_win.h"
+#include "view/shell_browser_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr UINT kFirstMenuId = 1;
+constexpr UINT kLastMenuId = 32767;
+
+bool KeyDown(int key) { return GetKeyState(key) < 0; }
+
+std::string VerbOf(IContextMenu* menu, UINT offset) {
+    char verb[128] = {};
+    if (FAILED(menu->GetCommandString(offset, GCS_VERBA, nullptr, verb, sizeof(verb)))) return {};
+    for (char* c = verb; *c; ++c) *c = static_cast<char>(tolower(static_cast<unsigned char>(*c)));
+    return verb;
+}
+
+}  // namespace
+
+LRESULT CALLBACK CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                           DWORD_PTR data) {
+    auto* self = reinterpret_cast<CMyShellBrowser*>(data);
+    switch (message) {
+    case WM_CONTEXTMENU:
+        self->OnListContextMenu(list, lParam);
+        return 0;
+    case WM_KEYDOWN:
+        if (self->OnListKey(wParam)) return 0;
+        break;
+    case WM_LBUTTONDBLCLK: {
+        LVHITTESTINFO hit{{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}};
+        if (Options().lmouse_dblclk && SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0) {
+            self->NavigateUp();  // a double-click on empty space goes up
+            return 0;
+        }
+        break;
+    }
+    case WM_LBUTTONDOWN: {
+        LVHITTESTINFO hit{{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}};
+        const bool details = (GetWindowLongW(list, GWL_STYLE) & LVS_TYPEMASK) == LVS_REPORT;
+        if (Options().only_label_or_icon_clk && details &&
+            SendMessageW(list, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)) >= 0 &&
+            (hit.iSubItem != 0 || !(hit.flags & (LVHT_ONITEMICON | LVHT_ONITEMLABEL)))) {
+            // Beside the name: a click on empty space, which clears the selection.
+            LVITEMW none{};
+            none.stateMask = LVIS_SELECTED;
+            SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&none));
+            SetFocus(list);
+            return 0;
+        }
+        break;
+    }
+    case WM_NCDESTROY:
+        RemoveWindowSubclass(list, &CMyShellBrowser::ListProc, 1);
+        if (self->subclassedList_ == list) self->subclassedList_ = nullptr;
+        break;
+    }
+    return DefSubclassProc(list, message, wParam, lParam);
+}
+
+bool CMyShellBrowser::OnListKey(WPARAM key) {
+    const bool control = KeyDown(VK_CONTROL), shift = KeyDown(VK_SHIFT), alt = KeyDown(VK_MENU);
+    const bool ownClipboard = Options().copy_cut_paste_mode == 0;
+    if (control && ownClipboard && (key == 'C' || key == 'X' || key == 'V' || key == VK_INSERT)) {
+        Execute(key == 'C' || key == VK_INSERT ? ID_VIEW_COPY : key == 'X' ? ID_VIEW_CUT : ID_VIEW_PASTE);
+        return true;
+    }
+    if (shift && ownClipboard && key == VK_INSERT) return Execute(ID_VIEW_PASTE), true;
+    if (key == VK_DELETE) {
+        if (shift) {
+            DeleteFiles(hwnd(), SelectedPaths(), true);
+            if (view_) view_->Refresh();
+        } else {
+            Execute(ID_VIEW_DELETE);
+        }
+        return true;
+    }
+    if (key == VK_F2) return Execute(ID_VIEW_RENAME), true;
+    if (key == VK_F5) return Execute(ID_VIEW_REFRESH), true;
+    if (alt && key == VK_UP) return NavigateUp(), true;
+    if (control && key == 'A') {
+        LVITEMW all{};
+        all.state = all.stateMask = LVIS_SELECTED;
+        SendMessageW(GetListControl(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&all));
+        return true;
+    }
+    return false;
+}
+
+void CMyShellBrowser::OnListContextMenu(HWND list, LPARAM lParam) {
+    POINT screen{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    const bool fromKeyboard = lParam == -1;
+    LVHITTESTINFO hit{};
+    if (fromKeyboard) {
+        const int focused = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+        RECT item{LVIR_ICON};
+        if (focused >= 0 && SendMessageW(list, LVM_GETITEMRECT, focused, reinterpret_cast<LPARAM>(&item)))
+            screen = {item.left, item.bottom};
+        else
+            screen = {0, 0};
+        ClientToScreen(list, &screen);
+    } else {
+        hit.pt = screen;
+        ScreenToClient(list, &hit.pt);
+    }
+    const bool onItem = fromKeyboard ? SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0) > 0
+                                     : SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) >= 0;
+    if (!onItem) {
+        owner_.ShowBackgroundMenu(screen);
+        return;
+    }
+    if (!fromKeyboard && !(ListView_GetItemState(list, hit.iItem, LVIS_SELECTED) & LVIS_SELECTED)) {
+        LVITEMW none{};
+        none.stateMask = LVIS_SELECTED;
+        SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&none));
+        ListView_SetItemState(list, hit.iItem, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    RunItemMenu(screen);
+}
+
+void CMyShellBrowser::RunItemMenu(POINT screen) {
+    win::ComPtr<IContextMenu> menu;
+    if (!view_ || FAILED(view_->GetItemObject(SVGIO_SELECTION, IID_IContextMenu, menu.put_void()))) return;
+    win::UniqueMenu popup(CreatePopupMenu());
+    if (!popup || FAILED(menu->QueryContextMenu(popup.get(), 0, kFirstMenuId, kLastMenuId, CMF_NORMAL | CMF_CANRENAME)))
+        return;
+    const UINT id = TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, hwnd(), nullptr);
+    if (id >= kFirstMenuId) RunMenuCommand(menu.get(), id - kFirstMenuId);
+}
+
+// Copy, cut, paste, delete and rename are the host's own; every other verb goes to the shell.
+bool CMyShellBrowser::RunMenuCommand(IContextMenu* menu, UINT offset) {
+    const std::string verb = VerbOf(menu, offset);
+    const bool own = Options().copy_cut_paste_mode == 0;
+    if (own && verb == "copy") return Execute(ID_VIEW_COPY), true;
+    if (own && verb == "cut") return Execute(ID_VIEW_CUT), true;
+    if (own && verb == "paste") return Execute(ID_VIEW_PASTE), true;
+    if (verb == "delete") return Execute(ID_VIEW_DELETE), true;
+    if (verb == "rename") return Execute(ID_VIEW_RENAME), true;
+    if (verb == "newfolder") return Execute(ID_VIEW_NEW_FOLDER), true;
+    CMINVOKECOMMANDINFO invoke{sizeof(invoke)};
+    invoke.hwnd = hwnd();
+    invoke.lpVerb = MAKEINTRESOURCEA(offset);
+    invoke.nShow = SW_SHOWNORMAL;
+    const bool ok = SUCCEEDED(menu->InvokeCommand(&invoke));
+    if (ok && view_ && verb != "open" && verb != "properties") view_->Refresh();
+    return ok;
+}
+
+std::vector<std::wstring> CMyShellBrowser::SelectedPaths() const {
+    std::vector<std::wstring> paths;
+    win::ComPtr<IDataObject> data;
+    if (!view_ || FAILED(view_->GetItemObject(SVGIO_SELECTION, IID_IDataObject, data.put_void()))) return paths;
+    FORMATETC format{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+    STGMEDIUM medium{};
+    if (FAILED(data->GetData(&format, &medium))) return paths;
+    auto drop = static_cast<HDROP>(medium.hGlobal);
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
+        paths.push_back(std::move(path));
+    }
+    ReleaseStgMedium(&medium);
+    return paths;
+}
+
+void CMyShellBrowser::PasteFiles() {
+    ClipboardFiles files;
+    const std::wstring target = win::FileSystemPathOf(shown_.get());
+    if (ReadClipboardFiles(hwnd(), files) && tessel::PasteFiles(hwnd(), files, target) && view_) view_->Refresh();
+}
+
+void CMyShellBrowser::NewFolder() {
+    const std::wstring folder = win::FileSystemPathOf(shown_.get());
+    if (folder.empty()) return;
+    const std::wstring base = GetText(IDS_NEW_FOLDER_NAME);
+    std::wstring name = base;
+    for (int n = 2; n < 1000 && GetFileAttributesW((folder + L"\\" + name).c_str()) != INVALID_FILE_ATTRIBUTES; ++n)
+        name = base + L" (" + std::to_wstring(n) + L")";
+    if (!CreateDirectoryW((folder + L"\\" + name).c_str(), nullptr)) return;
+    if (!view_) return;
+    view_->Refresh();
+    win::UniquePidl created = win::PidlFromPath(folder + L"\\" + name);
+    if (created)
+        view_->SelectItem(ILFindLastID(created.get()),
+                          SVSI_SELECT | SVSI_DESELECTOTHERS | SVSI_ENSUREVISIBLE | SVSI_FOCUSED | SVSI_EDIT);
+}
+
+void CMyShellBrowser::ShowViewModeMenu(POINT screen) {
+    win::UniqueMenu popup(CreatePopupMenu());
+    win::ComPtr<IFolderView> folderView = view_.As<IFolderView>();
+    UINT current = 0;
+    if (folderView) folderView->GetCurrentViewMode(&current);
+    for (int id = ID_VIEW_MODE_ICONS; id <= ID_VIEW_MODE_THUMBNAILS; ++id) {
+        const UINT mode = FVM_ICON + (id - ID_VIEW_MODE_ICONS);
+        AppendMenuW(popup.get(), MF_STRING | (mode == current ? MF_CHECKED : 0), id, GetText(id).c_str());
+    }
+    const UINT id = TrackPopupMenu(popup.get(), TPM_RETURNCMD, screen.x, screen.y, 0, hwnd(), nullptr);
+    if (id) Execute(static_cast<int>(id));
+}
+
+void CMyShellBrowser::Execute(int command) {
+    const bool hasFolder = static_cast<bool>(shown_);
+    switch (command) {
+    case ID_VIEW_UP:
+        NavigateUp();
+        break;
+    case ID_VIEW_FILTER_TOGGLE:
+        owner_.ToggleFilterBox();
+        break;
+    case ID_VIEW_FOCUS_LIST:
+        if (HWND list = GetListControl()) SetFocus(list);
+        break;
+    case ID_VIEW_COPY:
+    case ID_VIEW_CUT:
+        PutFilesOnClipboard(hwnd(), SelectedPaths(), command == ID_VIEW_CUT ? DROPEFFECT_MOVE : DROPEFFECT_COPY);
+        break;
+    case ID_VIEW_PASTE:
+        if (hasFolder) PasteFiles();
+        break;
+    case ID_VIEW_DELETE:
+        if (DeleteFiles(hwnd(), SelectedPaths(), false) && view_) view_->Refresh();
+        break;
+    case ID_VIEW_RENAME:
+        if (HWND list = GetListControl()) {
+            const int focused = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+            if (focused >= 0) {
+                SetFocus(list);
+                SendMessageW(list, LVM_EDITLABELW, focused, 0);
+            }
+        }
+        break;
+    case ID_VIEW_NEW_FOLDER:
+        NewFolder();
+        break;
+    case ID_VIEW_PROPERTIES:
+        InvokeSelectionVerb("properties");
+        break;
+    case ID_VIEW_REFRESH:
+        RefreshView();
+        break;
+    case ID_VIEW_MODES: {
+        POINT at;
+        GetCursorPos(&at);
+        ShowViewModeMenu(at);
+        break;
+    }
+    default:
+        if (command >= ID_VIEW_MODE_ICONS && command <= ID_VIEW_MODE_THUMBNAILS) {
+            if (win::ComPtr<IFolderView> folderView = view_.As<IFolderView>())
+                folderView->SetCurrentViewMode(FVM_ICON + (command - ID_VIEW_MODE_ICONS));
+        }
+        break;
+    }
+}
+
+void CMyShellBrowser::InvokeSelectionVerb(const char* verb) {
+    win::ComPtr<IContextMenu> menu;
+    const UINT which = SendMessageW(GetListControl(), LVM_GETSELECTEDCOUNT, 0, 0) > 0 ? SVGIO_SELECTION : SVGIO_BACKGROUND;
+    if (!view_ || FAILED(view_->GetItemObject(which, IID_IContextMenu, menu.put_void()))) return;
+    win::UniqueMenu popup(CreatePopupMenu());
+    menu->QueryContextMenu(popup.get(), 0, kFirstMenuId, kLastMenuId, CMF_NORMAL);
+    CMINVOKECOMMANDINFO invoke{sizeof(invoke)};
+    invoke.hwnd = hwnd();
+    invoke.lpVerb = verb;
+    invoke.nShow = SW_SHOWNORMAL;
+    menu->InvokeCommand(&invoke);
+}
+
+}  // namespace tessel

@@ -1,0 +1,106 @@
+#include "view/view_toolbars_win.h"
+
+#include "res/resource.h"
+#include "view/toolbar_images_win.h"
+#include "win/window_win.h"
+
+namespace tessel {
+
+std::vector<int> LoadToolbarCommands(int resourceId) {
+    // A toolbar resource: version, width, height, count, then one command id per button.
+    std::vector<int> commands;
+    HMODULE module = GetModuleHandleW(nullptr);
+    HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(resourceId), MAKEINTRESOURCEW(241));
+    HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
+    const auto* words = loaded ? static_cast<const WORD*>(LockResource(loaded)) : nullptr;
+    const DWORD bytes = found ? SizeofResource(module, found) : 0;
+    if (!words || bytes < 8 || words[0] != 1) return commands;
+    const size_t count = std::min<size_t>(words[3], (bytes - 8) / 2);
+    for (size_t i = 0; i < count; ++i) commands.push_back(words[4 + i]);
+    return commands;
+}
+
+ViewToolbars::~ViewToolbars() {
+    for (HWND& bar : bars_)
+        if (bar && IsWindow(bar)) DestroyWindow(bar);
+    for (HIMAGELIST images : images_)
+        if (images) ImageList_Destroy(images);
+}
+
+HWND ViewToolbars::Make(HWND panel, HWND statusBar, int resourceId) {
+    const std::vector<int> commands = LoadToolbarCommands(resourceId);
+    HWND bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
+                               WS_CHILD | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NORESIZE | CCS_NODIVIDER |
+                                   CCS_NOPARENTALIGN,
+                               0, 0, 0, 0, statusBar, nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (!bar) return nullptr;
+    SendMessageW(bar, TB_SETPARENT, reinterpret_cast<WPARAM>(panel), 0);  // commands go to the panel
+    SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    std::vector<int> pictured;
+    for (int command : commands)
+        if (command) pictured.push_back(command);
+    const int size = win::Scaled(panel, 16);
+    HIMAGELIST images = DrawToolbarImages(pictured, size);
+    SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+    std::vector<TBBUTTON> buttons;
+    int image = 0;
+    for (int command : commands) {
+        TBBUTTON button{};
+        button.idCommand = command;
+        button.fsState = TBSTATE_ENABLED;
+        button.fsStyle = command ? BTNS_BUTTON : BTNS_SEP;
+        button.iBitmap = command ? image++ : win::Scaled(panel, 6);  // a separator's width
+        buttons.push_back(button);
+    }
+    SendMessageW(bar, TB_ADDBUTTONSW, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
+    for (HIMAGELIST& slot : images_)
+        if (!slot) {
+            slot = images;
+            break;
+        }
+    return bar;
+}
+
+void ViewToolbars::Create(HWND panel, HWND statusBar) {
+    bars_[0] = Make(panel, statusBar, IDR_TOOLBAR_VIEW);
+    bars_[1] = Make(panel, statusBar, IDR_TOOLBAR_EXTRA);
+    bars_[2] = Make(panel, statusBar, IDR_TOOLBAR_MODES);
+    if (bars_[0]) {
+        const LRESULT index = SendMessageW(bars_[0], TB_COMMANDTOINDEX, ID_VIEW_FOLDER_SIZES, 0);
+        if (index >= 0) SendMessageW(bars_[0], TB_DELETEBUTTON, index, 0);
+    }
+    if (bars_[2]) {
+        SendMessageW(bars_[2], TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
+        for (int position : {3, 2, 1}) SendMessageW(bars_[2], TB_DELETEBUTTON, position, 0);
+        TBBUTTONINFOW info{sizeof(info), TBIF_STYLE};
+        info.fsStyle = BTNS_BUTTON | BTNS_WHOLEDROPDOWN;
+        SendMessageW(bars_[2], TB_SETBUTTONINFOW, ID_VIEW_MODES, reinterpret_cast<LPARAM>(&info));
+    }
+    for (HWND bar : bars_)
+        if (bar) SendMessageW(bar, TB_AUTOSIZE, 0, 0);
+    if (bars_[0]) ShowWindow(bars_[0], SW_SHOW);
+    if (bars_[2]) ShowWindow(bars_[2], SW_SHOW);  // the extra toolbar starts hidden
+}
+
+int ViewToolbars::Height() const {
+    const DWORD size = bars_[0] ? static_cast<DWORD>(SendMessageW(bars_[0], TB_GETBUTTONSIZE, 0, 0)) : 0;
+    return HIWORD(size);
+}
+
+int ViewToolbars::Place(HWND statusBar) {
+    RECT bar;
+    GetClientRect(statusBar, &bar);
+    int right = bar.right - 2;
+    for (int i = 2; i >= 0; --i) {
+        HWND toolbar = bars_[i];
+        if (!toolbar || !(GetWindowLongW(toolbar, GWL_STYLE) & WS_VISIBLE)) continue;
+        SIZE size{};
+        SendMessageW(toolbar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
+        right -= size.cx;
+        const int top = (bar.bottom - size.cy) / 2 + 1;
+        SetWindowPos(toolbar, nullptr, right, top > 0 ? top : 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    return bar.right - right;
+}
+
+}  // namespace tessel

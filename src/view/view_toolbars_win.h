@@ -1,0 +1,35 @@
+#pragma once
+// The three toolbars of a T-View, made from the toolbar resources and carried by the panel's
+// status bar. Their commands and tooltips go to the panel.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <vector>
+
+namespace tessel {
+
+// Command ids of a toolbar resource; 0 stands for a separator.
+std::vector<int> LoadToolbarCommands(int resourceId);
+
+class ViewToolbars {
+public:
+    ViewToolbars() = default;
+    ~ViewToolbars();
+    ViewToolbars(const ViewToolbars&) = delete;
+    ViewToolbars& operator=(const ViewToolbars&) = delete;
+
+    void Create(HWND panel, HWND statusBar);
+    // Places the visible toolbars at the right end of the status bar; returns their width.
+    int Place(HWND statusBar);
+    int Height() const;
+    HWND View() const { return bars_[0]; }
+    HWND Extra() const { return bars_[1]; }
+    HWND Modes() const { return bars_[2]; }
+
+private:
+    HWND Make(HWND panel, HWND statusBar, int resourceId);
+    HWND bars_[3] = {};
+    HIMAGELIST images_[3] = {};
+};
+
+}  // namespace tessel

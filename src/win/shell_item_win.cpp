@@ -1,0 +1,68 @@
+#include "win/shell_item_win.h"
+
+namespace tessel::win {
+
+UniquePidl ClonePidl(PCIDLIST_ABSOLUTE pidl) { return UniquePidl(pidl ? ILCloneFull(pidl) : nullptr); }
+
+UniquePidl ParentOf(PCIDLIST_ABSOLUTE pidl) {
+    if (!pidl || ILIsEmpty(pidl)) return {};
+    UniquePidl parent = ClonePidl(pidl);
+    if (parent) ILRemoveLastID(parent.get());
+    return parent;
+}
+
+UniquePidl PidlFromPath(const std::wstring& text) {
+    PIDLIST_ABSOLUTE pidl = nullptr;
+    if (text.empty() || FAILED(SHParseDisplayName(text.c_str(), nullptr, &pidl, 0, nullptr))) return {};
+    return UniquePidl(pidl);
+}
+
+UniquePidl SpecialFolder(int csidl) {
+    PIDLIST_ABSOLUTE pidl = nullptr;
+    if (FAILED(SHGetFolderLocation(nullptr, csidl, nullptr, 0, &pidl))) return {};
+    return UniquePidl(pidl);
+}
+
+ComPtr<IShellFolder> DesktopFolder() {
+    ComPtr<IShellFolder> desktop;
+    SHGetDesktopFolder(desktop.put());
+    return desktop;
+}
+
+ComPtr<IShellFolder> BindFolder(PCIDLIST_ABSOLUTE pidl) {
+    ComPtr<IShellFolder> desktop = DesktopFolder();
+    if (!desktop || !pidl || ILIsEmpty(pidl)) return desktop;
+    ComPtr<IShellFolder> folder;
+    if (FAILED(desktop->BindToObject(pidl, nullptr, IID_IShellFolder, folder.put_void()))) return {};
+    return folder;
+}
+
+bool SamePidl(PCIDLIST_ABSOLUTE a, PCIDLIST_ABSOLUTE b) {
+    if (!a || !b) return a == b;
+    ComPtr<IShellFolder> desktop = DesktopFolder();
+    return desktop && HRESULT_CODE(desktop->CompareIDs(0, a, b)) == 0;
+}
+
+static std::wstring NameOf(PCIDLIST_ABSOLUTE pidl, SIGDN kind) {
+    PWSTR name = nullptr;
+    if (!pidl || FAILED(SHGetNameFromIDList(pidl, kind, &name))) return {};
+    std::wstring result = name;
+    CoTaskMemFree(name);
+    return result;
+}
+
+std::wstring ParsingNameOf(PCIDLIST_ABSOLUTE pidl) { return NameOf(pidl, SIGDN_DESKTOPABSOLUTEPARSING); }
+
+std::wstring LocationNameOf(PCIDLIST_ABSOLUTE pidl) {
+    std::wstring name = ParsingNameOf(pidl);
+    if (name.empty() || name.rfind(L"::", 0) == 0) name = NameOf(pidl, SIGDN_NORMALDISPLAY);
+    return name;
+}
+
+std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl) {
+    wchar_t path[MAX_PATH * 4] = {};
+    if (!pidl || !SHGetPathFromIDListEx(pidl, path, ARRAYSIZE(path), GPFIDL_DEFAULT)) return {};
+    return path;
+}
+
+}  // namespace tessel::win

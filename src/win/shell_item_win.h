@@ -1,0 +1,25 @@
+#pragma once
+// Small helpers around item identifier lists and shell folders. Every list handed out is owned.
+#include <windows.h>
+#include <shlobj.h>
+
+#include <string>
+
+#include "win/com_ptr_win.h"
+#include "win/handles_win.h"
+
+namespace tessel::win {
+
+UniquePidl ClonePidl(PCIDLIST_ABSOLUTE pidl);
+UniquePidl ParentOf(PCIDLIST_ABSOLUTE pidl);  // null for the desktop
+UniquePidl PidlFromPath(const std::wstring& text);  // parsed display name; null when unknown
+UniquePidl SpecialFolder(int csidl);
+ComPtr<IShellFolder> DesktopFolder();
+ComPtr<IShellFolder> BindFolder(PCIDLIST_ABSOLUTE pidl);  // the desktop for the empty list
+bool SamePidl(PCIDLIST_ABSOLUTE a, PCIDLIST_ABSOLUTE b);
+// SIGDN_DESKTOPABSOLUTEPARSING, or the display name for folders named by class identifier.
+std::wstring LocationNameOf(PCIDLIST_ABSOLUTE pidl);
+std::wstring ParsingNameOf(PCIDLIST_ABSOLUTE pidl);
+std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl);  // "" when the folder has no path
+
+}  // namespace tessel::win

@@ -1,0 +1,97 @@
+// Rules of the browser view that need no window: typed locations, status texts, the browser
+// slots of a panel and the names of copies.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "view/browser_slots.h"
+#include "view/copy_name.h"
+#include "view/location_text.h"
+#include "view/status_text.h"
+
+namespace tessel {
+namespace {
+
+TEST(LocationText, SchemesBlanksAndQuotes) {
+    EXPECT_EQ(NormalizeLocationText(L"ftp.example.org/pub"), L"ftp://ftp.example.org/pub");
+    EXPECT_EQ(NormalizeLocationText(L"FTP.example.org"), L"ftp://FTP.example.org");
+    EXPECT_EQ(NormalizeLocationText(L"  \"C:\\Data\"  "), L"C:\\Data");
+    EXPECT_EQ(NormalizeLocationText(L"file:///C:/My%20Files/a%2Bb"), L"C:\\My Files\\a+b");
+    EXPECT_EQ(NormalizeLocationText(L"file://localhost/C:/x"), L"C:\\x");
+    EXPECT_EQ(NormalizeLocationText(L"FILE://server/share/dir"), L"\\\\server\\share\\dir");
+    EXPECT_EQ(NormalizeLocationText(L"file:///C:/%C3%BC%E2%9C%93"), L"C:\\\u00FC\u2713") << "escapes are UTF-8";
+    EXPECT_EQ(NormalizeLocationText(L"file:///C:/\u65E5\u672C"), L"C:\\\u65E5\u672C");
+    EXPECT_EQ(NormalizeLocationText(L"file:///C:/100%"), L"C:\\100%") << "a broken escape stays";
+    EXPECT_EQ(NormalizeLocationText(L"file:///C:/%FF"), L"C:\\\u00FF") << "a byte that is not UTF-8 stays a character";
+    EXPECT_EQ(NormalizeLocationText(L""), L"");
+    EXPECT_EQ(NormalizeLocationText(L"\"\""), L"");
+    EXPECT_EQ(NormalizeLocationText(L"D:\\ftp.notes"), L"D:\\ftp.notes");
+}
+
+TEST(LocationText, RandomTextNeverBreaksTheReader) {
+    unsigned seed = 7;
+    for (int round = 0; round < 3000; ++round) {
+        std::wstring text = round % 2 ? L"file://" : L"";
+        const int length = static_cast<int>((seed = seed * 1103515245 + 12345) % 40);
+        for (int i = 0; i < length; ++i) {
+            seed = seed * 1103515245 + 12345;
+            static const wchar_t kPieces[] = L"%%%AF9/\\:\"  .x\u00FC\U0001F600";
+            text += kPieces[(seed >> 16) % (sizeof(kPieces) / sizeof(wchar_t) - 1)];
+        }
+        NormalizeLocationText(text);
+    }
+}
+
+TEST(StatusText, SizesAndEveryStatusChoice) {
+    EXPECT_EQ(FormatByteSize(0), L"0 Bytes");
+    EXPECT_EQ(FormatByteSize(1023), L"1023 Bytes");
+    EXPECT_EQ(FormatByteSize(1024), L"1.0 KB");
+    EXPECT_EQ(FormatByteSize(1536), L"1.5 KB");
+    EXPECT_EQ(FormatByteSize(5ull << 30), L"5.0 GB");
+    EXPECT_EQ(FormatByteSize(UINT64_MAX), L"16384.0 PB") << "the largest unit holds any size";
+
+    const StatusWords words{L"items", L"selected", L"folders", L"files", L"of"};
+    ListCounts counts{120, 0, 20, 100, 2048, 0, true};
+    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"120 items (2.0 KB)");
+    EXPECT_EQ(FormatStatusText(counts, 0, 1, words), L"120 items");
+    EXPECT_EQ(FormatStatusText(counts, 0, 2, words), L"20 folders, 100 files (2.0 KB)");
+    EXPECT_EQ(FormatStatusText(counts, 0, 9, words), L"120 items (2.0 KB)") << "out of range counts as 0";
+    counts.selected = 3;
+    counts.selectedBytes = 10;
+    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"3 selected (10 Bytes)");
+    EXPECT_EQ(FormatStatusText(counts, 1, 0, words), L"3 selected");
+    EXPECT_EQ(FormatStatusText(counts, 2, 0, words), L"3 of 120 selected (10 Bytes)");
+    counts.sizesKnown = false;  // Computer and other virtual folders: counts only
+    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"3 selected");
+    counts.selected = 0;
+    EXPECT_EQ(FormatStatusText(counts, 0, 2, words), L"120 items");
+    EXPECT_EQ(FormatFreeSpace(3ull << 30, 100ull << 30, L"von", L"gesamt"), L"Frei: 3.0 GB von 100.0 GB gesamt");
+}
+
+TEST(BrowserSlots, FifteenBrowsersThenRefusedUntilOneCloses) {
+    std::array<bool, kBrowserSlots> closed{};
+    int count = 0;
+    for (; count < 15; ++count) {
+        const SlotChoice choice = ChooseBrowserSlot(closed, count);
+        ASSERT_EQ(choice.kind, SlotChoice::kNew);
+        EXPECT_EQ(choice.slot, count);
+    }
+    EXPECT_EQ(ChooseBrowserSlot(closed, count).kind, SlotChoice::kRefused);
+    closed[4] = closed[9] = true;
+    const SlotChoice reuse = ChooseBrowserSlot(closed, count);
+    EXPECT_EQ(reuse.kind, SlotChoice::kReuse);
+    EXPECT_EQ(reuse.slot, 4) << "the first closed slot is taken";
+}
+
+TEST(CopyName, NumbersUntilFreeAndKeepsTheExtension) {
+    std::set<std::wstring> used{L"a (2).txt", L"a (3).txt"};
+    auto taken = [&](const std::wstring& name) { return used.count(name) > 0; };
+    EXPECT_EQ(FreeCopyName(L"a.txt", taken), L"a (4).txt");
+    EXPECT_EQ(FreeCopyName(L"folder", taken), L"folder (2)");
+    EXPECT_EQ(FreeCopyName(L".profile", taken), L".profile (2)");
+    EXPECT_EQ(FreeCopyName(L"archive.tar.gz", taken), L"archive.tar (2).gz");
+    EXPECT_EQ(FreeCopyName(L"x", [](const std::wstring&) { return true; }), L"x (10000)");
+}
+
+}  // namespace
+}  // namespace tessel

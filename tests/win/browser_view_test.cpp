@@ -1,0 +1,187 @@
+// The browser view under Wine's shell view: navigation in all its forms, failures that keep
+// the view, the status worker, and the clipboard between two T-Views.
+#include <windows.h>
+#include <commctrl.h>
+#include <shlobj.h>
+
+#include <gtest/gtest.h>
+
+#include "core/general_options.h"
+#include "res/resource.h"
+#include "view/file_clipboard_win.h"
+#include "view_host_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel::testing {
+namespace {
+
+std::wstring Lower(std::wstring text) {
+    CharLowerW(text.data());
+    return text;
+}
+
+class BrowserView : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CreateDirectoryW((files_ / L"sub").c_str(), nullptr);
+        CreateDirectoryW((files_ / L"Ordner \u2713 \u65E5\u672C").c_str(), nullptr);
+        WriteBytes(files_ / L"a.txt", "aaaa");
+        WriteBytes(files_ / L"b.txt", std::string(2048, 'b'));
+        WriteBytes(files_ / L"sub\\inner.txt", "x");
+    }
+    bool Go(const std::wstring& path, int panel = 0) { return host_.Panel(panel).NavigateToText(path); }
+    std::wstring Shown(int panel = 0) { return Lower(host_.Browser(panel).CurrentPath()); }
+
+    TempFolder files_;
+    ViewHost host_{2};
+};
+
+TEST_F(BrowserView, NavigatesByTextDefaultCommandUpAndBackspace) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(ListCount(browser), 4);
+    wchar_t panelText[MAX_PATH] = {};
+    GetWindowTextW(host_.Panel().hwnd(), panelText, MAX_PATH);
+    EXPECT_EQ(Lower(panelText), Lower(files_.path()));
+
+    // A double-click on a folder arrives as the default command; the host goes in.
+    ASSERT_TRUE(SelectByName(browser, L"sub"));
+    EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_OK);
+    EXPECT_EQ(Shown(), Lower(files_ / L"sub"));
+    // On a file the view is left to open it.
+    ASSERT_TRUE(SelectByName(browser, L"inner.txt"));
+    EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_FALSE);
+
+    // Up selects the folder just left.
+    ListView_SetItemState(browser.GetListControl(), -1, 0, LVIS_SELECTED);
+    browser.Execute(ID_VIEW_UP);
+    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(SelectedName(browser), L"sub");
+
+    // Backspace in the list reaches the browser as a parent request.
+    ASSERT_TRUE(Go(files_ / L"sub"));
+    SetFocus(browser.GetListControl());
+    SendMessageW(browser.GetListControl(), WM_KEYDOWN, VK_BACK, 0);
+    Pump(50);
+    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(GetFocus(), browser.GetListControl()) << "the view has the keyboard focus after navigating";
+}
+
+TEST_F(BrowserView, SameFolderRefreshesAndTextFormsAreAccepted) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    const int index = browser.HistoryIndex();
+    ASSERT_TRUE(Go(files_.path()));
+    EXPECT_EQ(browser.HistoryIndex(), index) << "the folder already shown is refreshed, not entered again";
+
+    std::wstring url = L"file:///" + files_.path() + L"/sub";
+    for (wchar_t& c : url)
+        if (c == L'\\') c = L'/';
+    ASSERT_TRUE(Go(url));
+    EXPECT_EQ(Shown(), Lower(files_ / L"sub"));
+    EXPECT_EQ(browser.HistoryIndex(), index + 1);
+
+    const std::wstring unicode = files_ / L"Ordner \u2713 \u65E5\u672C";
+    ASSERT_TRUE(Go(L"  \"" + unicode + L"\" "));
+    EXPECT_EQ(Shown(), Lower(unicode));
+}
+
+TEST_F(BrowserView, BadLocationsKeepTheViewAndADeletedFolderDoesNotCrash) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    IShellView* before = browser.View();
+    EXPECT_FALSE(Go(files_ / L"gone"));
+    EXPECT_FALSE(Go(L"Q:\\no medium here"));
+    EXPECT_FALSE(Go(L"C:\\" + std::wstring(300, L'x')));
+    EXPECT_FALSE(Go(L""));
+    EXPECT_EQ(browser.View(), before);
+    EXPECT_EQ(Shown(), Lower(files_.path()));
+
+    ASSERT_TRUE(Go(files_ / L"sub"));
+    DeleteFileW((files_ / L"sub\\inner.txt").c_str());
+    ASSERT_TRUE(RemoveDirectoryW((files_ / L"sub").c_str()));
+    browser.RefreshView();
+    browser.Execute(ID_VIEW_UP);
+    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(ListCount(browser), 3);
+}
+
+TEST_F(BrowserView, StatusCountsSizesAndFreeSpace) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    ASSERT_TRUE(PumpUntil([&] { return !browser.StatusText().empty(); }));
+    EXPECT_NE(browser.StatusText().find(L"4 "), std::wstring::npos) << std::string(browser.StatusText().begin(), browser.StatusText().end());
+    EXPECT_NE(browser.StatusText().find(L"(2.0 KB)"), std::wstring::npos);
+    EXPECT_EQ(browser.FreeSpaceText().rfind(L"Frei:", 0), 0u);
+
+    ASSERT_TRUE(SelectByName(browser, L"a.txt"));
+    browser.RequestStatus();
+    ASSERT_TRUE(PumpUntil([&] { return browser.StatusText().find(L"(4 Bytes)") != std::wstring::npos; }))
+        << std::string(browser.StatusText().begin(), browser.StatusText().end());
+    wchar_t part[256] = {};
+    SendMessageW(host_.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(part));
+    EXPECT_EQ(std::wstring(part), browser.StatusText());
+}
+
+TEST_F(BrowserView, CopyAndCutPasteBetweenTwoViews) {
+    TempFolder target;
+    ASSERT_TRUE(Go(files_.path(), 0));
+    ASSERT_TRUE(Go(target.path(), 1));
+    CMyShellBrowser& source = host_.Browser(0);
+    CMyShellBrowser& destination = host_.Browser(1);
+
+    ASSERT_TRUE(SelectByName(source, L"a.txt"));
+    SendMessageW(source.GetListControl(), WM_KEYDOWN, 'C', 0);  // without Ctrl: nothing
+    source.Execute(ID_VIEW_COPY);
+    destination.Execute(ID_VIEW_PASTE);
+    EXPECT_EQ(ReadBytes(target / L"a.txt"), "aaaa");
+    EXPECT_TRUE(FileExists(files_ / L"a.txt"));
+    EXPECT_EQ(ListCount(destination), 1);
+
+    ASSERT_TRUE(SelectByName(source, L"b.txt"));
+    source.Execute(ID_VIEW_CUT);
+    ClipboardFiles onClipboard;
+    ASSERT_TRUE(ReadClipboardFiles(nullptr, onClipboard));
+    EXPECT_EQ(onClipboard.effect, static_cast<DWORD>(DROPEFFECT_MOVE));
+    destination.Execute(ID_VIEW_PASTE);
+    EXPECT_TRUE(FileExists(target / L"b.txt"));
+    EXPECT_FALSE(FileExists(files_ / L"b.txt"));
+
+    // Files put on the clipboard by another program, with no drop effect: a copy.
+    WriteBytes(files_ / L"c.txt", "c");
+    const std::wstring list = files_ / L"c.txt" + std::wstring(2, L'\0');
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DROPFILES) + list.size() * sizeof(wchar_t));
+    auto* drop = static_cast<DROPFILES*>(GlobalLock(block));
+    drop->pFiles = sizeof(DROPFILES);
+    drop->fWide = TRUE;
+    memcpy(drop + 1, list.data(), list.size() * sizeof(wchar_t));
+    GlobalUnlock(block);
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    SetClipboardData(CF_HDROP, block);
+    CloseClipboard();
+    destination.Execute(ID_VIEW_PASTE);
+    EXPECT_TRUE(FileExists(target / L"c.txt"));
+    EXPECT_TRUE(FileExists(files_ / L"c.txt"));
+
+    // A copy into the folder it came from gets a new name instead of failing.
+    ASSERT_TRUE(SelectByName(source, L"a.txt"));
+    source.Execute(ID_VIEW_COPY);
+    source.Execute(ID_VIEW_PASTE);
+    EXPECT_EQ(ListCount(source), 5);
+}
+
+TEST_F(BrowserView, NewFolderGetsAFreeName) {
+    Options().m_lang_id = 0;
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    browser.Execute(ID_VIEW_NEW_FOLDER);
+    SendMessageW(browser.GetListControl(), WM_KEYDOWN, VK_ESCAPE, 0);
+    browser.Execute(ID_VIEW_NEW_FOLDER);
+    SendMessageW(browser.GetListControl(), WM_KEYDOWN, VK_ESCAPE, 0);
+    EXPECT_EQ(ListCount(browser), 6);
+}
+
+}  // namespace
+}  // namespace tessel::testing
