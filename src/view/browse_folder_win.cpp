@@ -121,6 +121,7 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     static const int kColorIds[4] = {COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT, COLOR_BTNFACE, COLOR_WINDOWTEXT};
     for (int i = 0; i < 4; ++i) colors_[i] = GetSysColor(kColorIds[i]);
     win::ComPtr<IShellFolder> folder = win::BindFolder(target_.get());
+    targetFolder_ = folder;  // the view asks for its columns while it is made
     statusText_.clear();
     Sleep(0);
     bool ok = false;
@@ -135,6 +136,7 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     }
     callerSettings_ = nullptr;
     oneShot_ = false;
+    targetFolder_.reset();
     navigating_ = false;
     return ok ? 1 : 0;
 }
@@ -177,8 +179,7 @@ void CMyShellBrowser::AfterViewCreated() {
             SendMessageW(list, LVM_ENABLEGROUPVIEW, FALSE, 0);
             SendMessageW(list, LVM_REMOVEALLGROUPS, 0, 0);
         }
-        const DWORD fullRow = Options().fullrow_sel ? LVS_EX_FULLROWSELECT : 0;
-        SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, fullRow);
+        if (Options().fullrow_sel) SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
         if (Options().disable_column_hl) SendMessageW(list, LVM_SETSELECTEDCOLUMN, static_cast<WPARAM>(-1), 0);
         RememberListFont(reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
     }

@@ -161,6 +161,8 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
     case kMsgStatusReady:
         OnStatusReady();
         return 0;
+    case kMsgSelectionBatch:
+        return AnswerSelectionBatch(GetListControl(), view_.As<IFolderView>().get(), shownFolder_.get(), lParam);
     case WM_SETFOCUS:
         if (viewWindow_) SetFocus(viewWindow_);
         return 0;
@@ -201,6 +203,16 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
                                                                  SVSI_FOCUSED);
         break;
     }
+}
+
+void CMyShellBrowser::DelayedRenavigate(UINT milliseconds) { SetTimer(hwnd(), kTimerRenavigate, milliseconds, nullptr); }
+
+void CMyShellBrowser::DelayedFocus(UINT milliseconds) { SetTimer(hwnd(), kTimerFocus, milliseconds, nullptr); }
+
+void CMyShellBrowser::DelayedReselect(win::UniquePidl item, UINT milliseconds) {
+    reselect_ = std::move(item);
+    reselectTime_ = time(nullptr);
+    SetTimer(hwnd(), kTimerReselect, milliseconds, nullptr);
 }
 
 std::wstring CMyShellBrowser::FolderPathForStatus() const { return win::FileSystemPathOf(shown_.get()); }

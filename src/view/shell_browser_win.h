@@ -97,6 +97,10 @@ public:
     bool closed = false;  // kept by the panel for reuse
     bool busy = false;
     void RequestStatus() { statusRequested_ = true; }
+    // Later steps for callers that must let the current message finish first.
+    void DelayedRenavigate(UINT milliseconds);
+    void DelayedFocus(UINT milliseconds);
+    void DelayedReselect(win::UniquePidl item, UINT milliseconds);  // dropped when 5 s have passed
     void Execute(int command);  // view commands of the toolbars and menus
     // Carries out a command of a context menu built with ids from 1; false when it failed.
     bool RunMenuCommand(IContextMenu* menu, UINT offset);
@@ -138,6 +142,7 @@ private:
     HWND viewWindow_ = nullptr;
     HWND subclassedList_ = nullptr;
     win::UniquePidl target_;  // the folder asked for
+    win::ComPtr<IShellFolder> targetFolder_;  // bound while a navigation runs
     win::UniquePidl shown_;   // the folder the view shows
     win::ComPtr<IShellFolder> shownFolder_;
     win::UniquePidl previous_;

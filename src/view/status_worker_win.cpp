@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include <cwctype>
-#include <unordered_map>
+#include <memory>
+#include <vector>
 
 namespace tessel {
 namespace {
@@ -18,68 +18,79 @@ bool Ask(HWND list, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
     return true;
 }
 
-std::wstring Lower(std::wstring text) {
-    for (wchar_t& c : text) c = static_cast<wchar_t>(std::towlower(c));
-    return text;
-}
-
-struct FolderScan {
-    std::unordered_map<std::wstring, uint64_t> sizes;  // by lower-case name, only when asked for
-    std::unordered_map<std::wstring, uint64_t> stems;  // names without extension; 0xFFFF... marks ambiguity
-    bool ok = false;
-};
-
-FolderScan ScanFolder(const std::wstring& folder, ListCounts& counts, bool keepNames, std::stop_token stop) {
-    FolderScan scan;
+// Folder and file counts and the total size; false when the folder cannot be read.
+bool ScanFolder(const std::wstring& folder, ListCounts& counts, std::stop_token stop) {
     WIN32_FIND_DATAW data;
     HANDLE find = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &data, FindExSearchNameMatch,
                                    nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (find == INVALID_HANDLE_VALUE) return scan;
+    if (find == INVALID_HANDLE_VALUE) return false;
     do {
         if (stop.stop_requested()) break;
         if (!wcscmp(data.cFileName, L".") || !wcscmp(data.cFileName, L"..")) continue;
-        const bool isFolder = data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY;
-        const uint64_t size = isFolder ? 0 : (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
-        isFolder ? ++counts.folders : ++counts.files;
-        counts.totalBytes += size;
-        if (keepNames) {
-            std::wstring name = Lower(data.cFileName);
-            const size_t dot = name.rfind(L'.');
-            if (dot != std::wstring::npos && dot > 0) {
-                auto [it, added] = scan.stems.emplace(name.substr(0, dot), size);
-                if (!added) it->second = UINT64_MAX;
-            }
-            scan.sizes.emplace(std::move(name), size);
+        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+            ++counts.folders;
+        } else {
+            ++counts.files;
+            counts.totalBytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
         }
     } while (FindNextFileW(find, &data));
     FindClose(find);
-    scan.ok = !stop.stop_requested();
-    return scan;
+    return !stop.stop_requested();
 }
 
-// Sizes of the selected entries, matched by the text the list shows (with or without extension).
-uint64_t SelectedBytes(HWND list, const FolderScan& scan, int selected, std::stop_token stop) {
+constexpr int kBatchSize = 500;
+constexpr ULONGLONG kBatchTimeMs = 8;  // the GUI thread answers one batch at most this long
+
+struct SelectionBatch {
+    std::mutex mutex;
+    int after = -1;  // list index to continue after; -1 in the answer when the selection ended
+    int last = -1;
     uint64_t bytes = 0;
-    LRESULT index = -1;
-    wchar_t text[MAX_PATH];
-    for (int n = 0; n < selected && !stop.stop_requested(); ++n) {
-        if (!Ask(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED, index) || index < 0) break;
-        LVITEMW item{};
-        item.iSubItem = 0;
-        item.pszText = text;
-        item.cchTextMax = MAX_PATH;
-        LRESULT length = 0;
-        if (!Ask(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item), length)) break;
-        const std::wstring name = Lower(text);
-        if (auto it = scan.sizes.find(name); it != scan.sizes.end())
-            bytes += it->second;
-        else if (auto stem = scan.stems.find(name); stem != scan.stems.end() && stem->second != UINT64_MAX)
-            bytes += stem->second;
+};
+
+// Sizes of the selected entries, summed by the GUI thread batch by batch.
+uint64_t SelectedBytes(HWND owner, std::stop_token stop) {
+    uint64_t bytes = 0;
+    int after = -1;
+    while (!stop.stop_requested()) {
+        auto batch = std::make_shared<SelectionBatch>();
+        batch->after = after;
+        // The answer may come after a time-out; the batch lives as long as either side holds it.
+        auto* handed = new std::shared_ptr<SelectionBatch>(batch);
+        LRESULT answered = 0;
+        if (!Ask(owner, kMsgSelectionBatch, 0, reinterpret_cast<LPARAM>(handed), answered) || !answered) break;
+        std::lock_guard lock(batch->mutex);
+        bytes += batch->bytes;
+        if (batch->last < 0) break;
+        after = batch->last;
     }
     return bytes;
 }
 
 }  // namespace
+
+LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder, LPARAM lParam) {
+    std::unique_ptr<std::shared_ptr<SelectionBatch>> handed(reinterpret_cast<std::shared_ptr<SelectionBatch>*>(lParam));
+    if (!handed || !list || !view || !folder) return 0;
+    SelectionBatch& batch = **handed;
+    std::lock_guard lock(batch.mutex);
+    int index = batch.after;
+    const ULONGLONG start = GetTickCount64();
+    for (int n = 0; n < kBatchSize && GetTickCount64() - start < kBatchTimeMs; ++n) {
+        index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED));
+        batch.last = index;
+        if (index < 0) break;
+        // The size travels in the item's identifier: no file-system access per entry.
+        PITEMID_CHILD child = nullptr;
+        WIN32_FIND_DATAW data{};
+        if (SUCCEEDED(view->Item(index, &child)) &&
+            SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &data, sizeof(data))) &&
+            !(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            batch.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+        CoTaskMemFree(child);
+    }
+    return 1;
+}
 
 StatusWorker::StatusWorker() : finished_(CreateEventW(nullptr, TRUE, TRUE, nullptr)) {}
 
@@ -121,10 +132,8 @@ void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath
     if (list && Ask(list, LVM_GETSELECTEDCOUNT, 0, 0, value)) result.counts.selected = static_cast<int>(value);
     if (!folderPath.empty() && !stop.stop_requested()) {
         const bool partial = result.counts.selected > 0 && result.counts.selected < result.counts.items;
-        FolderScan scan = ScanFolder(folderPath, result.counts, partial, stop);
-        result.counts.sizesKnown = scan.ok;
-        result.counts.selectedBytes = !partial ? result.counts.totalBytes
-                                               : SelectedBytes(list, scan, result.counts.selected, stop);
+        result.counts.sizesKnown = ScanFolder(folderPath, result.counts, stop);
+        result.counts.selectedBytes = !partial ? result.counts.totalBytes : SelectedBytes(done, stop);
         ULARGE_INTEGER freeBytes{}, totalBytes{};
         if (!stop.stop_requested() && GetDiskFreeSpaceExW(folderPath.c_str(), &freeBytes, &totalBytes, nullptr)) {
             result.freeKnown = true;

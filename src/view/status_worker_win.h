@@ -2,6 +2,7 @@
 // The status worker of a browser view: counts and sizes of the list and the free space of the
 // folder's drive, worked out off the GUI thread. One job at a time; the result is posted back.
 #include <windows.h>
+#include <shlobj.h>
 
 #include <mutex>
 #include <stop_token>
@@ -20,6 +21,12 @@ struct StatusResult {
     uint64_t driveBytes = 0;
 };
 
+// The worker asks the GUI thread for the sizes of selected entries in batches: one message per
+// batch instead of several per entry, and no batch holds the GUI thread for more than a few ms.
+inline constexpr UINT kMsgSelectionBatch = WM_APP + 0x121;
+// Answers kMsgSelectionBatch; the owner window's procedure calls it with its view and folder.
+LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder, LPARAM lParam);
+
 class StatusWorker {
 public:
     StatusWorker();
@@ -29,6 +36,7 @@ public:
 
     bool Running() const;
     // Starts a job unless one runs; `done` gets message `doneMessage` when the result is ready.
+    // `done` also answers kMsgSelectionBatch through AnswerSelectionBatch.
     bool Start(HWND list, std::wstring folderPath, HWND done, UINT doneMessage);
     void Stop();
     StatusResult TakeResult();

@@ -112,7 +112,7 @@ STDMETHODIMP CMyShellBrowser::GetViewStateStream(DWORD mode, IStream** stream) {
             result = NewWriteStream();
             if (result) pendingStreams_.push_back({false, -1, key, result});
         } else {
-            win::ComPtr<IShellFolder> folder = win::BindFolder(target_.get());
+            win::ComPtr<IShellFolder> folder = targetFolder_ ? targetFolder_ : win::BindFolder(target_.get());
             const StreamBytes* bytes = columns_.Find(ColumnKeyOf(target_.get(), folder.get()));
             if (!bytes) return E_FAIL;
             result = ReadStream(*bytes);

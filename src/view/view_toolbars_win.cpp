@@ -7,16 +7,20 @@
 namespace tessel {
 
 std::vector<int> LoadToolbarCommands(int resourceId) {
-    // A toolbar resource: version, width, height, count, then one command id per button.
     std::vector<int> commands;
     HMODULE module = GetModuleHandleW(nullptr);
     HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(resourceId), MAKEINTRESOURCEW(241));
     HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
     const auto* words = loaded ? static_cast<const WORD*>(LockResource(loaded)) : nullptr;
-    const DWORD bytes = found ? SizeofResource(module, found) : 0;
-    if (!words || bytes < 8 || words[0] != 1) return commands;
-    const size_t count = std::min<size_t>(words[3], (bytes - 8) / 2);
-    for (size_t i = 0; i < count; ++i) commands.push_back(words[4 + i]);
+    const size_t wordCount = found ? SizeofResource(module, found) / 2 : 0;
+    if (!words || wordCount < 4) return commands;
+    // The resource compiler of the SDK writes version 1, width, height, count and the ids as
+    // 16-bit words; the GNU one writes width, height, count and the ids as 32-bit numbers.
+    const bool wide = words[0] != 1;
+    const size_t step = wide ? 2 : 1;
+    const size_t first = wide ? 6 : 4;
+    const size_t count = wide ? words[4] : words[3];
+    for (size_t i = 0; i < count && first + i * step < wordCount; ++i) commands.push_back(words[first + i * step]);
     return commands;
 }
 

@@ -172,6 +172,21 @@ TEST_F(BrowserView, CopyAndCutPasteBetweenTwoViews) {
     EXPECT_EQ(ListCount(source), 5);
 }
 
+TEST_F(BrowserView, DelayedStepsRunLater) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    browser.DelayedReselect(win::PidlFromPath(files_ / L"b.txt"), 10);
+    EXPECT_EQ(SelectedName(browser), L"");
+    EXPECT_TRUE(PumpUntil([&] { return SelectedName(browser) == L"b.txt"; }));
+    IShellView* before = browser.View();
+    browser.DelayedRenavigate(10);
+    EXPECT_TRUE(PumpUntil([&] { return browser.View() != before; })) << "a fresh view of the same folder";
+    EXPECT_EQ(Shown(), Lower(files_.path()));
+    SetFocus(host_.hwnd());
+    browser.DelayedFocus(10);
+    EXPECT_TRUE(PumpUntil([&] { return GetFocus() == browser.GetListControl(); }));
+}
+
 TEST_F(BrowserView, NewFolderGetsAFreeName) {
     Options().m_lang_id = 0;
     ASSERT_TRUE(Go(files_.path()));

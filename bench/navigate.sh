@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Navigation into folders of 1,000, 10,000 and 100,000 files: Tessel against a bare host of the
+# same shell view, and the status worker in the largest folder. The folders are made once, from
+# the host side, in build/bench-data. Run by scripts/bench.sh with the Wine environment set.
+set -euo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd)
+. "$here/scripts/wine-env.sh"
+data=$here/build/bench-data
+mkdir -p "$data/empty"
+for n in 1000 10000 100000; do
+  [ -e "$data/complete-$n" ] && continue
+  rm -rf "$data/files-$n" && mkdir -p "$data/files-$n"
+  (cd "$data/files-$n" && seq -f 'f%06g.txt' 0 $((n - 1)) | xargs touch)
+  touch "$data/complete-$n"
+done
+out=$(mktemp)
+trap 'rm -f "$out"' EXIT
+# Into a file: a command substitution would wait for Wine's helpers holding the pipe.
+"$WINE" "$here/build/win64/bin/navigate_bench.exe" "Z:${data//\//\\}" > "$out" 2>/dev/null
+tr -d '\r' < "$out"

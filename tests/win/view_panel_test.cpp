@@ -1,0 +1,172 @@
+// The T-View panel: its children, its toolbars, the browser slots with their limit, the
+// background menu's title, and the column memory streams of its browser views.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "core/general_options.h"
+#include "core/settings_store_win.h"
+#include "res/resource.h"
+#include "view/column_memory.h"
+#include "view_host_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel::testing {
+namespace {
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::vector<int> ButtonCommands(HWND toolbar) {
+    std::vector<int> commands;
+    const int count = static_cast<int>(SendMessageW(toolbar, TB_BUTTONCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) {
+        TBBUTTON button{};
+        SendMessageW(toolbar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
+        commands.push_back(button.idCommand);
+    }
+    return commands;
+}
+
+TEST(ViewPanel, ChildrenToolbarsAndSettings) {
+    ViewHost host(1);
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(host.Folder().path()));
+    EXPECT_EQ(ClassOf(GetDlgItem(panel.hwnd(), kTreeId)), L"SysTreeView32");
+    EXPECT_EQ(ClassOf(GetDlgItem(panel.hwnd(), kFilterBoxId)), L"Edit");
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(panel.hwnd(), kTreeId))) << "the tree shows only with show_tree";
+    EXPECT_EQ(panel.SectionName(), L"T_View_0");
+    EXPECT_EQ(panel.ColumnSection().rfind(L"Column_OS_", 0), 0u);
+
+    const ViewToolbars& bars = panel.Toolbars();
+    EXPECT_EQ(GetParent(bars.View()), panel.StatusBar()) << "the status bar carries the toolbars";
+    EXPECT_EQ(ButtonCommands(bars.View()),
+              (std::vector<int>{ID_VIEW_UP, ID_VIEW_REFRESH, 0, ID_VIEW_NEW_FOLDER, ID_VIEW_CUT, ID_VIEW_COPY,
+                                ID_VIEW_PASTE, ID_VIEW_DELETE, ID_VIEW_PROPERTIES}));
+    EXPECT_EQ(ButtonCommands(bars.Modes()), (std::vector<int>{ID_VIEW_MODES, ID_VIEW_FILTER_TOGGLE}));
+    EXPECT_TRUE(SendMessageW(bars.Modes(), TB_GETEXTENDEDSTYLE, 0, 0) & TBSTYLE_EX_DRAWDDARROWS);
+    EXPECT_FALSE(IsWindowVisible(bars.Extra()));
+    EXPECT_TRUE(IsWindowVisible(bars.View()));
+    RECT bar;
+    GetWindowRect(bars.View(), &bar);
+    EXPECT_GT(bar.right - bar.left, 100);
+
+    // The filter toggle is written to the panel's section at once.
+    SendMessageW(panel.hwnd(), WM_COMMAND, ID_VIEW_FILTER_TOGGLE, 0);
+    EXPECT_TRUE(IsWindowVisible(GetDlgItem(panel.hwnd(), kFilterBoxId)));
+    EXPECT_EQ(Settings().GetInt(L"T_View_0", L"show_filter", 0), 1);
+}
+
+TEST(ViewPanel, FifteenBrowsersThenMax16UntilOneIsClosed) {
+    ViewHost host(1);
+    CPloder& panel = host.Panel();
+    std::vector<CMyShellBrowser*> browsers;
+    for (int i = 0; i < 15; ++i) browsers.push_back(panel.GetOrCreateBrowser());
+    EXPECT_EQ(panel.BrowserCount(), 15);
+
+    std::atomic<bool> sawMessage{false};
+    std::jthread answer([&](std::stop_token stop) {  // the refusal is a message box: read and close it
+        while (!stop.stop_requested() && !sawMessage) {
+            if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
+                wchar_t text[64] = {};
+                GetDlgItemTextW(box, 0xFFFF, text, 64);
+                sawMessage = std::wstring(text) == L"Max=16";
+                PostMessageW(box, WM_COMMAND, IDOK, 0);
+            }
+            Sleep(20);
+        }
+    });
+    EXPECT_EQ(panel.GetOrCreateBrowser(), nullptr);
+    answer.request_stop();
+    answer.join();
+    EXPECT_TRUE(sawMessage);
+
+    HWND window = browsers[6]->hwnd();
+    panel.CloseBrowser(browsers[6]);
+    CMyShellBrowser* reused = panel.GetOrCreateBrowser();
+    EXPECT_EQ(reused, browsers[6]);
+    EXPECT_EQ(reused->hwnd(), window) << "no new window";
+    EXPECT_EQ(panel.BrowserCount(), 15);
+}
+
+TEST(ViewPanel, BackgroundMenuEndsWithTheViewTitle) {
+    ViewHost host(1);
+    CPloder panel(2);  // the third T-View
+    ASSERT_TRUE(panel.Create(host.hwnd()));
+    SetWindowPos(panel.hwnd(), nullptr, 0, 0, 400, 300, SWP_NOZORDER);
+    ASSERT_TRUE(panel.NavigateToText(host.Folder().path()));
+    win::ComPtr<IContextMenu> shellMenu;
+    win::UniqueMenu menu = panel.BuildBackgroundMenu(shellMenu);
+    ASSERT_TRUE(menu);
+    const int last = GetMenuItemCount(menu.get()) - 1;
+    wchar_t text[64] = {};
+    GetMenuStringW(menu.get(), last, text, 64, MF_BYPOSITION);
+    EXPECT_EQ(std::wstring(text), L"T-View : 3");
+    EXPECT_EQ(GetMenuItemID(menu.get(), last), static_cast<UINT>(ID_BACKGROUND_TITLE));
+    EXPECT_TRUE(GetMenuState(menu.get(), last, MF_BYPOSITION) & MF_GRAYED);
+    EXPECT_GT(last, 1) << "the shell's own background items come first";
+}
+
+// Wine's view never asks for its state stream, so the browser's side is driven directly.
+TEST(ColumnMemoryStreams, WrittenStoredReadBackAndSharedByKind) {
+    ViewHost host(1);
+    TempFolder one, two;
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(one.path()));
+    CMyShellBrowser& browser = *panel.Active();
+    const std::wstring key = browser.ColumnKeyOf(browser.Current(), win::BindFolder(browser.Current()).get());
+    ASSERT_EQ(key.rfind(L"Spatlen_", 0), 0u);
+
+    win::ComPtr<IStream> out;
+    ASSERT_EQ(browser.GetViewStateStream(STGM_WRITE, out.put()), S_OK);
+    const uint8_t state[] = {1, 2, 0xFF, 4};
+    ULONG written = 0;
+    out->Write(state, sizeof(state), &written);
+    out.reset();
+    browser.SaveColumnMemory();
+    std::vector<uint8_t> stored;
+    ASSERT_TRUE(DecodeColumnValue(Settings().GetString(panel.ColumnSection(), key, L""), stored));
+    EXPECT_EQ(stored, std::vector<uint8_t>(state, state + 4));
+    EXPECT_EQ(browser.GetEncodedViewState(), EncodeColumnValue(stored));
+
+    // Another folder of the same kind, in a browser view that loads the memory afresh.
+    CMyShellBrowser* second = panel.GetOrCreateBrowser();
+    panel.Activate(second);
+    ASSERT_TRUE(panel.NavigateToText(two.path()));
+    win::ComPtr<IStream> in;
+    ASSERT_EQ(second->GetViewStateStream(STGM_READ, in.put()), S_OK);
+    uint8_t back[8] = {};
+    ULONG read = 0;
+    in->Read(back, sizeof(back), &read);
+    EXPECT_EQ(read, 4u);
+    EXPECT_EQ(back[2], 0xFF);
+
+    Options().spalten_speichern = 0;
+    EXPECT_EQ(second->GetViewStateStream(STGM_READ, in.put()), E_FAIL) << "memory off";
+    Options().spalten_speichern = 1;
+
+    // An armed history entry takes the next write and the next read, once.
+    second->Columns().ArmHistoryWrite(5);
+    ASSERT_EQ(second->GetViewStateStream(STGM_WRITE, out.put()), S_OK);
+    out->Write("\x09", 1, &written);
+    out.reset();
+    second->SaveColumnMemory();
+    second->Columns().ArmHistoryRead(5);
+    ASSERT_EQ(second->GetViewStateStream(STGM_READ, in.put()), S_OK);
+    in->Read(back, sizeof(back), &read);
+    EXPECT_EQ(read, 1u);
+    EXPECT_EQ(back[0], 9);
+    ASSERT_EQ(second->GetViewStateStream(STGM_READ, in.put()), S_OK) << "back to the column memory";
+    in->Read(back, sizeof(back), &read);
+    EXPECT_EQ(read, 4u);
+}
+
+}  // namespace
+}  // namespace tessel::testing
