@@ -38,6 +38,11 @@ LRESULT CALLBACK CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wPara
     case WM_CONTEXTMENU:
         self->OnListContextMenu(list, lParam);
         return 0;
+    case WM_SETFOCUS: {
+        const LRESULT result = DefSubclassProc(list, message, wParam, lParam);
+        self->owner_.BrowserFreeSpace(*self, self->freeSpaceText_);  // this T-View is now the one in use
+        return result;
+    }
     case WM_KEYDOWN:
         if (self->OnListKey(wParam)) return 0;
         break;
@@ -262,8 +267,12 @@ void CMyShellBrowser::Execute(int command) {
     }
     default:
         if (command >= ID_VIEW_MODE_ICONS && command <= ID_VIEW_MODE_THUMBNAILS) {
-            if (win::ComPtr<IFolderView> folderView = view_.As<IFolderView>())
+            if (win::ComPtr<IFolderView> folderView = view_.As<IFolderView>()) {
                 folderView->SetCurrentViewMode(FVM_ICON + (command - ID_VIEW_MODE_ICONS));
+                // Wine's view changes the list's style without repainting it.
+                RedrawWindow(viewWindow_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_FRAME);
+                statusRequested_ = true;
+            }
         }
         break;
     }

@@ -171,9 +171,11 @@ void CPloder::BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) 
     if (&browser == active_) SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+// The main window shows the free space of the T-View that has the keyboard focus.
 void CPloder::BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) {
     HWND frameStatus = GetDlgItem(GetAncestor(hwnd(), GA_ROOT), 59393);
-    if (&browser == active_ && frameStatus)
+    HWND focus = GetFocus();
+    if (&browser == active_ && frameStatus && focus && (focus == hwnd() || IsChild(hwnd(), focus)))
         SendMessageW(frameStatus, SB_SETTEXTW, 3, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
