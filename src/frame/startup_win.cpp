@@ -18,6 +18,8 @@ namespace tessel {
 bool HandleSetupCommand(const std::wstring&) { return false; }
 
 int Entry(HINSTANCE, const wchar_t* commandLine, int showCommand) {
+    // A drive without medium answers with an error instead of asking the user to insert one.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     HRESULT com = CoInitialize(nullptr);
     HRESULT ole = OleInitialize(nullptr);
     DefWindowProcW(nullptr, 0, 0, 0);  // makes sure the window library is loaded

@@ -6,6 +6,7 @@
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "view/location_text.h"
 #include "view/shell_browser_win.h"
@@ -88,7 +89,7 @@ void CMyShellBrowser::RecordOutgoingState() {
     if (!view_) return;
     if (Options().spalten_speichern && !viewSaved_) {
         view_->SaveViewState();
-        HarvestStreams();
+        if (HarvestStreams()) columns_.Save(Settings(), columnSection_);  // written only when it changed
     }
     view_->GetCurrentInfo(&outgoing_.settings);
     HWND list = GetListControl();

@@ -116,7 +116,7 @@ private:
     void OnShellChange(WPARAM wParam, LPARAM lParam);
     void RegisterChangeNotify();
     void TearDownView();
-    void HarvestStreams();
+    bool HarvestStreams();
     bool SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted);
     FOLDERSETTINGS NextFolderSettings() const;
     void RecordOutgoingState();

@@ -77,17 +77,21 @@ void CMyShellBrowser::SaveColumnMemory() {
     columns_.Save(Settings(), columnSection_);
 }
 
-// Streams handed to the view are read back once it has written and let them go.
-void CMyShellBrowser::HarvestStreams() {
+// Streams handed to the view are read back once it has written and let them go. True when a
+// column stream changed.
+bool CMyShellBrowser::HarvestStreams() {
+    bool columnsChanged = false;
     for (PendingStream& pending : pendingStreams_) {
         StreamBytes bytes = BytesOf(pending.stream.get());
         if (pending.history) {
             columns_.StoreHistory(pending.historyIndex, std::move(bytes));
         } else {
             columns_.Replace(pending.key) = std::move(bytes);
+            columnsChanged = true;
         }
     }
     pendingStreams_.clear();
+    return columnsChanged;
 }
 
 STDMETHODIMP CMyShellBrowser::GetViewStateStream(DWORD mode, IStream** stream) {

@@ -187,6 +187,42 @@ TEST_F(BrowserView, DelayedStepsRunLater) {
     EXPECT_TRUE(PumpUntil([&] { return GetFocus() == browser.GetListControl(); }));
 }
 
+TEST_F(BrowserView, MouseOptionsOfTheList) {
+    ASSERT_TRUE(Go(files_ / L"sub"));
+    CMyShellBrowser& browser = host_.Browser();
+    HWND list = browser.GetListControl();
+    RECT client;
+    GetClientRect(list, &client);
+    const LPARAM empty = MAKELPARAM(client.right - 5, client.bottom - 5);
+    SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, empty);
+    EXPECT_EQ(Shown(), Lower(files_ / L"sub")) << "off: a double-click on empty space does nothing";
+    Options().lmouse_dblclk = 1;
+    SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, empty);
+    EXPECT_EQ(Shown(), Lower(files_.path())) << "on: it goes up";
+
+    // Beside the name in the details view: a click there clears the selection.
+    Options().only_label_or_icon_clk = 1;
+    list = browser.GetListControl();
+    ASSERT_TRUE(SelectByName(browser, L"a.txt"));
+    RECT row{LVIR_BOUNDS};
+    const int index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+    ListView_GetItemRect(list, index, &row, LVIR_BOUNDS);
+    SendMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(row.right - 3, (row.top + row.bottom) / 2));
+    EXPECT_EQ(SelectedName(browser), L"");
+}
+
+TEST(ClickSound, IsAShortWaveOfOurOwn) {
+    HMODULE module = GetModuleHandleW(nullptr);
+    HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(IDR_CLICK_SOUND), L"WAVE");
+    ASSERT_NE(found, nullptr);
+    const auto* bytes = static_cast<const char*>(LockResource(LoadResource(module, found)));
+    const DWORD size = SizeofResource(module, found);
+    ASSERT_GT(size, 44u);
+    EXPECT_EQ(std::string(bytes, 4), "RIFF");
+    EXPECT_EQ(std::string(bytes + 8, 8), "WAVEfmt ");
+    EXPECT_LT(size, 4000u) << "a click, not a song";
+}
+
 TEST_F(BrowserView, NewFolderGetsAFreeName) {
     Options().m_lang_id = 0;
     ASSERT_TRUE(Go(files_.path()));
