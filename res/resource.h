@@ -17,6 +17,11 @@
 #define ID_LAYOUT_FIRST 32761
 #define ID_LAYOUT_LAST 32772
 
+// Ctrl+1 to Ctrl+4 put the keyboard focus into T-View 1 to 4.
+#define ID_FOCUS_VIEW_1 32791
+#define ID_FOCUS_VIEW_4 32794
+#define IDC_LAYOUT_TOOLBAR 59392
+
 #define ID_FILE_NEW_INSTANCE 32781
 #define ID_FILE_OPEN_SET 32782
 #define ID_FILE_SAVE_SET 32783

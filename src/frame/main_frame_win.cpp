@@ -75,10 +75,15 @@ bool CMainFrame::OnCreate() {
     statusBar_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | SBARS_SIZEGRIP, 0, 0, 0, 0, hwnd(),
                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(59393)), GetModuleHandleW(nullptr),
                                  nullptr);
+    layoutToolbar_.Create(hwnd(), IDC_LAYOUT_TOOLBAR);
+    designMode_ = Settings().GetInt(L"Start", L"designe_mode", 0);
+    if (designMode_ < 0 || designMode_ > 2) designMode_ = 0;
     for (int i = 0; i < kViewCount; ++i) {
         panels_[i] = std::make_unique<CPloder>(i);
         if (!panels_[i]->Create(hwnd())) return false;
     }
+    ApplyDesignMode();
+    SetLayout(layout_.layout, false);
     ShowStatusBar(Options().StatusBar != 0);
     ApplyCommandLine();
     return true;
@@ -108,34 +113,6 @@ void CMainFrame::FillEmptyViews() {
         if (!panels_[i]->HasLocation()) panels_[i]->NavigateToSpecial(CSIDL_DRIVES);
         SetFocus(panels_[i]->hwnd());
     }
-}
-
-void CMainFrame::Layout() {
-    if (!panels_[kViewCount - 1]) return;  // still being created
-    RECT client;
-    GetClientRect(hwnd(), &client);
-    if (statusBar_ && IsWindowVisible(statusBar_)) {
-        SendMessageW(statusBar_, WM_SIZE, 0, 0);
-        RECT bar;
-        GetWindowRect(statusBar_, &bar);
-        client.bottom -= bar.bottom - bar.top;
-        const int width = client.right;
-        int parts[4] = {width / 2, width * 5 / 8, width * 3 / 4, -1};
-        SendMessageW(statusBar_, SB_SETPARTS, 4, reinterpret_cast<LPARAM>(parts));
-    }
-    // Two by two for now; the twelve layouts with their splitters replace this.
-    const int gap = win::Scaled(hwnd(), 4);
-    const int halfWidth = (client.right - gap) / 2;
-    const int halfHeight = (client.bottom - gap) / 2;
-    HDWP batch = BeginDeferWindowPos(kViewCount);
-    for (int i = 0; i < kViewCount && batch; ++i) {
-        int x = (i % 2) ? halfWidth + gap : 0;
-        int y = (i / 2) ? halfHeight + gap : 0;
-        int w = (i % 2) ? client.right - x : halfWidth;
-        int h = (i / 2) ? client.bottom - y : halfHeight;
-        batch = DeferWindowPos(batch, panels_[i]->hwnd(), nullptr, x, y, w, h, SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-    if (batch) EndDeferWindowPos(batch);
 }
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
@@ -178,6 +155,7 @@ void CMainFrame::ShowStatusBar(bool show) {
 void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuRadioItem(menu, ID_LAYOUT_FIRST, ID_LAYOUT_LAST, kFirstLayoutCommand + layout_.layout, MF_BYCOMMAND);
     const bool german = LanguageCode(Options().m_lang_id) == std::wstring(L"DE");
     CheckMenuRadioItem(menu, ID_LANGUAGE_GERMAN, ID_LANGUAGE_ENGLISH,
                        german ? ID_LANGUAGE_GERMAN : ID_LANGUAGE_ENGLISH, MF_BYCOMMAND);
@@ -236,6 +214,10 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         break;
     case ID_LANGUAGE_GERMAN: SetLanguage(0); break;
     case ID_LANGUAGE_ENGLISH: SetLanguage(1); break;
+    default:
+        if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
+        else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
+        break;
     }
 }
 
@@ -295,8 +277,16 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case kTrayMessage: OnTrayIcon(lParam); return 0;
     case WM_SETFOCUS:
-        if (panels_[0]) SetFocus(panels_[0]->hwnd());
+        FocusView(focusedView_);
         return 0;
+    case WM_SETCURSOR:
+        if (OnSetCursor()) return TRUE;
+        break;
+    case WM_LBUTTONDOWN: StartBarDrag(lParam); return 0;
+    case WM_MOUSEMOVE: DragBar(lParam); return 0;
+    case WM_LBUTTONUP:
+    case WM_CAPTURECHANGED: EndBarDrag(); return 0;
+    case WM_NOTIFY: return OnNotify(reinterpret_cast<NMHDR*>(lParam));
     case WM_DESTROY:
         for (auto& panel : panels_)
             if (panel) DestroyWindow(panel->hwnd());

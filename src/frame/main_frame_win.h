@@ -7,6 +7,8 @@
 
 #include "frame/app_module_win.h"
 #include "frame/command_line.h"
+#include "frame/layout_toolbar_win.h"
+#include "frame/view_layout.h"
 #include "frame/last_state.h"
 #include "frame/parking_win.h"
 #include "view/view_panel_win.h"
@@ -30,6 +32,11 @@ public:
     void SaveViewSettings();
 
     CPloder& Panel(int number) { return *panels_[number - 1]; }  // 1..4
+    // Layout 0..11 as the layout table says; a button click also resets splitter positions.
+    void SetLayout(int layout, bool fromButton);
+    const ViewLayout& Arrangement() const { return layout_; }
+    void FocusView(int number);  // 1..4; a hidden T-View is not focused
+    int FocusedView() const { return focusedView_; }
     int InstanceNumber() const { return instanceNumber_; }
 
 protected:
@@ -40,6 +47,14 @@ private:
     void ApplyCommandLine();
     void FillEmptyViews();
     void Layout();
+    void ApplyDesignMode();
+    int BarWidth() const;
+    int BarAt(POINT client) const;  // the splitter whose bar is under the point, or -1
+    bool OnSetCursor();
+    void StartBarDrag(LPARAM lParam);
+    void DragBar(LPARAM lParam);
+    void EndBarDrag();
+    LRESULT OnNotify(NMHDR* header);
     void OnCommand(int id, LPARAM lParam);
     void OnInitMenuPopup(HMENU menu);
     void ReplaceMenu();
@@ -60,6 +75,13 @@ private:
     int treeMode_ = 0;
     std::array<std::unique_ptr<CPloder>, kViewCount> panels_;
     HWND statusBar_ = nullptr;
+    LayoutToolbar layoutToolbar_;
+    ViewLayout layout_;
+    tessel::Arrangement arranged_;  // where the views and bars went at the last layout
+    std::array<RECT, 3> splitterAreas_{};  // the area each splitter divides, for dragging
+    int draggedBar_ = -1;
+    int designMode_ = 0;
+    int focusedView_ = 1;
     HACCEL accelerators_ = nullptr;
     LastStateSaver lastState_;
     TrayIcon tray_;

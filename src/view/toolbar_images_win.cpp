@@ -5,11 +5,11 @@
 
 #include "res/resource.h"
 #include "win/handles_win.h"
+#include "win/image_strip_win.h"
 
 namespace tessel {
 namespace {
 
-constexpr COLORREF kMask = RGB(255, 0, 255);
 constexpr COLORREF kInk = RGB(40, 52, 70);
 constexpr COLORREF kBlue = RGB(38, 110, 190);
 constexpr COLORREF kFolder = RGB(232, 178, 52);
@@ -158,26 +158,10 @@ void DrawCommand(Glyph& g, int command) {
 
 HIMAGELIST DrawToolbarImages(const std::vector<int>& commands, int pixelSize) {
     const int unit = pixelSize >= 16 ? pixelSize / 16 : 1;
-    const int size = unit * 16;
-    const int count = static_cast<int>(commands.size());
-    HIMAGELIST images = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, count, 0);
-    if (!images || count == 0) return images;
-    HDC screen = GetDC(nullptr);
-    HDC dc = CreateCompatibleDC(screen);
-    win::UniqueBitmap strip(CreateCompatibleBitmap(screen, size * count, size));
-    ReleaseDC(nullptr, screen);
-    HGDIOBJ old = SelectObject(dc, strip.get());
-    win::UniqueBrush background(CreateSolidBrush(kMask));
-    RECT all{0, 0, size * count, size};
-    FillRect(dc, &all, background.get());
-    for (int i = 0; i < count; ++i) {
-        Glyph glyph(dc, i * size, unit);
-        DrawCommand(glyph, commands[i]);
-    }
-    SelectObject(dc, old);
-    DeleteDC(dc);
-    ImageList_AddMasked(images, strip.get(), kMask);
-    return images;
+    return win::DrawImageStrip(static_cast<int>(commands.size()), unit * 16, [&](HDC dc, int index, int left) {
+        Glyph glyph(dc, left, unit);
+        DrawCommand(glyph, commands[index]);
+    });
 }
 
 }  // namespace tessel

@@ -1,0 +1,26 @@
+#pragma once
+// The layout toolbar: twelve buttons whose pictures are the layouts themselves, drawn from the
+// same arrangement the frame uses, at the screen's scale.
+#include <windows.h>
+#include <commctrl.h>
+
+namespace tessel {
+
+class LayoutToolbar {
+public:
+    LayoutToolbar() = default;
+    ~LayoutToolbar();
+    LayoutToolbar(const LayoutToolbar&) = delete;
+    LayoutToolbar& operator=(const LayoutToolbar&) = delete;
+
+    bool Create(HWND frame, int controlId);
+    void Check(int layout);  // the current layout's button shows pressed
+    HWND hwnd() const { return bar_; }
+    int Height() const;
+
+private:
+    HWND bar_ = nullptr;
+    HIMAGELIST images_ = nullptr;
+};
+
+}  // namespace tessel

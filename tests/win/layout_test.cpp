@@ -1,0 +1,83 @@
+// The twelve layouts and the T-View focus keys, in the real program.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "res/resource.h"
+#include "support_win.h"
+
+namespace tessel::testing {
+namespace {
+
+class Layouts : public ::testing::Test {
+protected:
+    void SetUp() override {
+        exe_ = folder_ / L"tessel.exe";
+        ASSERT_TRUE(CopyFileW((TestBinFolder() + L"\\tessel.exe").c_str(), exe_.c_str(), FALSE));
+        WriteBytes(folder_ / L"Tessel.ini", "\xFF\xFE");
+    }
+    HWND View(TesselProcess& tessel, int number) { return GetDlgItem(tessel.Frame(), 1000 + number); }
+    RECT Place(TesselProcess& tessel, int number) {
+        RECT r;
+        GetWindowRect(View(tessel, number), &r);
+        return r;
+    }
+    TempFolder folder_;
+    std::wstring exe_;
+};
+
+TEST_F(Layouts, EachCommandShowsItsViewsAndBackToFourKeepsTheFolders) {
+    TesselProcess tessel(exe_, L"\"" + folder_.path() + L"\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    const std::wstring before = tessel.PanelText(1);
+    const bool shown[12][4] = {{1, 1, 1, 1}, {1, 0, 1, 1}, {1, 1, 1, 0}, {1, 1, 0, 0}, {1, 0, 1, 0}, {1, 1, 1, 1},
+                               {1, 1, 1, 1}, {1, 1, 1, 0}, {1, 1, 1, 0}, {1, 0, 1, 1}, {1, 1, 1, 0}, {1, 0, 0, 0}};
+    for (int layout = 0; layout < 12; ++layout) {
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST + layout, 0);
+        for (int v = 0; v < 4; ++v)
+            EXPECT_EQ(IsWindowVisible(View(tessel, v + 1)) != FALSE, shown[layout][v]) << layout << " " << v;
+    }
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST + 5, 0);  // four columns
+    for (int v = 1; v < 4; ++v) EXPECT_LT(Place(tessel, v).right, Place(tessel, v + 1).left + 1);
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST, 0);
+    for (int v = 1; v <= 4; ++v) EXPECT_TRUE(IsWindowVisible(View(tessel, v)));
+
+    // Dragging the bar between T-Views 1 and 2 moves it, and only that splitter.
+    const RECT one = Place(tessel, 1), two = Place(tessel, 2), three = Place(tessel, 3);
+    POINT bar{(one.right + two.left) / 2, (one.top + one.bottom) / 2};
+    ScreenToClient(tessel.Frame(), &bar);
+    SendMessageW(tessel.Frame(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(bar.x, bar.y));
+    SendMessageW(tessel.Frame(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(bar.x - 100, bar.y));
+    SendMessageW(tessel.Frame(), WM_LBUTTONUP, 0, MAKELPARAM(bar.x - 100, bar.y));
+    EXPECT_NEAR(Place(tessel, 1).right, one.right - 100, 4);
+    EXPECT_EQ(Place(tessel, 3).right, three.right) << "T-Views 3 and 4 have a splitter of their own";
+    EXPECT_EQ(tessel.PanelText(1), before) << "hiding a T-View keeps its folder";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
+TEST_F(Layouts, KeysReachLayoutsAndViews) {
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    SetForegroundWindow(tessel.Frame());
+    auto press = [&](std::initializer_list<WORD> keys) {
+        std::vector<INPUT> inputs;
+        for (WORD key : keys) inputs.push_back({INPUT_KEYBOARD, {.ki = {key, 0, 0, 0, 0}}});
+        for (auto it = keys.end(); it != keys.begin();) inputs.push_back({INPUT_KEYBOARD, {.ki = {*--it, 0, KEYEVENTF_KEYUP, 0, 0}}});
+        SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+        Sleep(300);
+    };
+    press({VK_CONTROL, VK_MENU, VK_OEM_PLUS});  // the single view
+    EXPECT_FALSE(IsWindowVisible(View(tessel, 2)));
+    press({VK_CONTROL, VK_MENU, '1'});
+    EXPECT_TRUE(IsWindowVisible(View(tessel, 4)));
+    press({VK_CONTROL, '3'});
+    GUITHREADINFO gui{sizeof(gui)};
+    GetGUIThreadInfo(GetWindowThreadProcessId(tessel.Frame(), nullptr), &gui);
+    EXPECT_TRUE(gui.hwndFocus && IsChild(View(tessel, 3), gui.hwndFocus)) << "Ctrl+3 puts the focus into T-View 3";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
+}  // namespace
+}  // namespace tessel::testing
