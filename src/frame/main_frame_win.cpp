@@ -115,15 +115,6 @@ void CMainFrame::FillEmptyViews() {
     }
 }
 
-bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
-    // Folder-set files are not read yet: report failure, change nothing.
-    if (openedByUser && statusBar_) SendMessageW(statusBar_, SB_SETTEXTW, 0,
-                                                 reinterpret_cast<LPARAM>(GetText(IDS_FOLDER_SETS_LATER).c_str()));
-    return false;
-}
-
-bool CMainFrame::SaveFolderSet(const std::wstring&) { return false; }  // not written yet: nothing on disk changes
-
 void CMainFrame::SaveViewSettings() {
     WINDOWPLACEMENT placement{sizeof(placement)};
     if (hwnd() && GetWindowPlacement(hwnd(), &placement)) {
@@ -195,10 +186,8 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         if (!OpenHelp(L"")) MessageBoxW(hwnd(), GetText(IDS_HELP_FAILED).c_str(), L"Tessel", MB_ICONWARNING);
         break;
     case ID_FILE_NEW_INSTANCE: StartFurtherInstance(); break;
-    case ID_FILE_OPEN_SET:
-    case ID_FILE_SAVE_SET:
-        MessageBoxW(hwnd(), GetText(IDS_FOLDER_SETS_LATER).c_str(), L"Tessel", MB_ICONINFORMATION);
-        break;
+    case ID_FILE_OPEN_SET: OpenFolderSetDialog(); break;
+    case ID_FILE_SAVE_SET: SaveFolderSetDialog(); break;
     case ID_VIEW_REFRESH_ALL:
         for (auto& panel : panels_) panel->Refresh();
         if (lParam == kFailedLoadParam) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);

@@ -7,6 +7,7 @@
 
 #include "frame/app_module_win.h"
 #include "frame/command_line.h"
+#include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
 #include "frame/view_layout.h"
 #include "frame/last_state.h"
@@ -26,9 +27,11 @@ public:
     bool CreateFrame(int showCommand);
     bool PreTranslate(MSG& message) override;
 
-    // Folder-set files: loaded with openedByUser when the user chose the file.
+    // Folder-set files: loaded with openedByUser when the user chose the file. The program's own
+    // files (last state, hand-over) are saved with the layout and without columns and placement.
     bool LoadFolderSet(const std::wstring& path, bool openedByUser);
-    bool SaveFolderSet(const std::wstring& path);
+    bool SaveFolderSet(const std::wstring& path) { return SaveFolderSet(path, true, false, false); }
+    bool SaveFolderSet(const std::wstring& path, bool withLayout, bool withColumns, bool withPlacement);
     void SaveViewSettings();
 
     CPloder& Panel(int number) { return *panels_[number - 1]; }  // 1..4
@@ -47,6 +50,8 @@ private:
     void ApplyCommandLine();
     void FillEmptyViews();
     void Layout();
+    FolderSet CollectFolderSet(bool withLayout, bool withColumns, bool withPlacement);
+    void ApplyFolderSet(const LoadedFolderSet& set);
     void ApplyDesignMode();
     int BarWidth() const;
     int BarAt(POINT client) const;  // the splitter whose bar is under the point, or -1
@@ -61,6 +66,8 @@ private:
     void SetLanguage(int languageId);
     void ShowStatusBar(bool show);
     void ShowAbout();
+    void OpenFolderSetDialog();
+    void SaveFolderSetDialog();
     void StartFurtherInstance();
 
     void RequestClose();
@@ -82,6 +89,7 @@ private:
     int draggedBar_ = -1;
     int designMode_ = 0;
     int focusedView_ = 1;
+    LayoutBlock layoutExtras_;  // tree and preview values kept for the next folder set
     HACCEL accelerators_ = nullptr;
     LastStateSaver lastState_;
     TrayIcon tray_;

@@ -205,6 +205,12 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
     }
 }
 
+FOLDERSETTINGS CMyShellBrowser::CurrentSettings() const {
+    FOLDERSETTINGS settings{FVM_DETAILS, FWF_SHOWSELALWAYS};
+    if (view_) view_->GetCurrentInfo(&settings);
+    return settings;
+}
+
 void CMyShellBrowser::DelayedRenavigate(UINT milliseconds) { SetTimer(hwnd(), kTimerRenavigate, milliseconds, nullptr); }
 
 void CMyShellBrowser::DelayedFocus(UINT milliseconds) { SetTimer(hwnd(), kTimerFocus, milliseconds, nullptr); }

@@ -97,6 +97,12 @@ public:
     bool closed = false;  // kept by the panel for reuse
     bool busy = false;
     void RequestStatus() { statusRequested_ = true; }
+    // The view mode and flags the next navigation uses, whatever the views before had.
+    void SetOneShotSettings(const FOLDERSETTINGS& settings) {
+        oneShotSettings_ = settings;
+        oneShot_ = true;
+    }
+    FOLDERSETTINGS CurrentSettings() const;  // of the shown view; details when none
     // Later steps for callers that must let the current message finish first.
     void DelayedRenavigate(UINT milliseconds);
     void DelayedFocus(UINT milliseconds);

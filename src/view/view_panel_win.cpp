@@ -138,9 +138,9 @@ void CPloder::Activate(CMyShellBrowser* browser) {
     }
 }
 
-bool CPloder::EnsureBrowser() {
+CMyShellBrowser* CPloder::EnsureBrowser() {
     if (!active_) Activate(GetOrCreateBrowser());
-    return active_ != nullptr;
+    return active_;
 }
 
 bool CPloder::NavigateToText(const std::wstring& path) { return EnsureBrowser() && active_->NavigateToText(path); }

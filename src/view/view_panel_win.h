@@ -39,6 +39,7 @@ public:
     void Refresh();
 
     CMyShellBrowser* GetOrCreateBrowser();
+    CMyShellBrowser* EnsureBrowser();  // the active browser view, made when there is none
     void CloseBrowser(CMyShellBrowser* browser);
     void Activate(CMyShellBrowser* browser);
     CMyShellBrowser* Active() const { return active_; }
@@ -47,6 +48,7 @@ public:
     const std::wstring& ColumnSection() const { return columnSection_; }
     const PanelFilter& Filter() const { return filter_; }
     HWND StatusBar() const { return statusBar_; }
+    int ShowTree() const { return showTree_; }
     const ViewToolbars& Toolbars() const { return toolbars_; }
 
     // IBrowserOwner
@@ -66,7 +68,6 @@ private:
     void ReadFilterValues();
     void Layout();
     LRESULT OnNotify(NMHDR* header);
-    bool EnsureBrowser();
 
     int viewIndex_;
     std::wstring sectionName_;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/settings_store_win.h"
+#include "res/resource.h"
 #include "support_win.h"
 
 namespace tessel {
@@ -47,7 +48,7 @@ TEST_F(Startup, PathsGoToTheViewsAndEmptyViewsShowComputer) {
     EXPECT_FALSE(computer.empty());
     EXPECT_EQ(tessel.PanelText(3), computer) << "a folder that does not exist falls back to Computer";
     EXPECT_EQ(tessel.CloseAndWait(), 0);
-    EXPECT_FALSE(FileExists(folder_ / L"start.tsf")) << "folder sets are not written by this version";
+    EXPECT_TRUE(FileExists(folder_ / L"start.tsf")) << "the last state is kept at exit";
     RectI placement;
     EXPECT_TRUE(CMyProfStr(exe_).GetRect(L"Start", L"WinRC", placement));
 }
@@ -73,6 +74,53 @@ TEST_F(Startup, CrashWhileLoadingTheLastStateIsClearedAtTheNextStart) {
     EXPECT_FALSE(tessel.PanelText(1).empty());
     EXPECT_EQ(tessel.PanelText(1), tessel.PanelText(4)) << "all views on Computer";
     EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
+TEST_F(Startup, QuitAndRestartBringsLayoutSplittersAndFoldersBack) {
+    TempFolder a, b;
+    RECT firstView{};
+    {
+        TesselProcess tessel(exe_, L"\"" + a.path() + L"\" \"" + b.path() + L"\"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST + 3, 0);  // 1 and 2 side by side
+        RECT one, two;
+        GetWindowRect(GetDlgItem(tessel.Frame(), 1001), &one);
+        GetWindowRect(GetDlgItem(tessel.Frame(), 1002), &two);
+        POINT bar{(one.right + two.left) / 2, (one.top + one.bottom) / 2};
+        ScreenToClient(tessel.Frame(), &bar);
+        SendMessageW(tessel.Frame(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(bar.x, bar.y));
+        SendMessageW(tessel.Frame(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(bar.x - 150, bar.y));
+        SendMessageW(tessel.Frame(), WM_LBUTTONUP, 0, MAKELPARAM(bar.x - 150, bar.y));
+        GetWindowRect(GetDlgItem(tessel.Frame(), 1001), &firstView);
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    const std::string saved = ReadBytes(folder_ / L"start.tsf");
+    ASSERT_GT(saved.size(), 2u);
+    EXPECT_EQ(saved.substr(0, 2), "\xFF\xFE");
+    {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        auto lower = [](std::wstring s) {
+            CharLowerW(s.data());
+            return s;
+        };
+        EXPECT_EQ(lower(tessel.PanelText(1)), lower(a.path()));
+        EXPECT_EQ(lower(tessel.PanelText(2)), lower(b.path()));
+        EXPECT_FALSE(IsWindowVisible(GetDlgItem(tessel.Frame(), 1003))) << "the layout came back";
+        EXPECT_TRUE(IsWindowVisible(GetDlgItem(tessel.Frame(), 1002)));
+        RECT one;
+        GetWindowRect(GetDlgItem(tessel.Frame(), 1001), &one);
+        EXPECT_NEAR(one.right - one.left, firstView.right - firstView.left, 3) << "the splitter came back";
+        // A last state that cannot be replaced stays as it was.
+        HANDLE held = CreateFileW((folder_ / L"start.tsf").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+        ASSERT_NE(held, INVALID_HANDLE_VALUE);
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST, 0);
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+        CloseHandle(held);
+    }
+    EXPECT_EQ(ReadBytes(folder_ / L"start.tsf"), saved);
+    EXPECT_FALSE(FileExists(folder_ / L"start.tsf.new")) << "no half-written file left behind";
 }
 
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {

@@ -1,0 +1,143 @@
+// The main frame's folder sets: the arrangement is gathered from the windows into the model of
+// folder_set.h and written as one UTF-16 text; a file read is applied back to the windows.
+#include <windows.h>
+
+#include <cwchar>
+
+#include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
+#include "frame/main_frame_win.h"
+#include "res/resource.h"
+#include "view/column_memory.h"
+#include "win/handles_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr DWORD kFolderSetSizeLimit = 32u << 20;  // larger files are not folder sets
+
+TabState TabOf(CMyShellBrowser& browser) {
+    TabState tab;
+    tab.folder = win::FileSystemPathOf(browser.Current());
+    if (tab.folder.empty()) tab.folder = win::ParsingNameOf(browser.Current());
+    if (!browser.View()) return tab;
+    const FOLDERSETTINGS settings = browser.CurrentSettings();
+    tab.viewMode = std::to_wstring(settings.ViewMode);
+    tab.viewModeFlags = std::to_wstring(settings.fFlags);
+    tab.colsAndSort = browser.GetEncodedViewState(&tab.colsId);
+    if (tab.colsAndSort.empty()) tab.colsId.clear();
+    return tab;
+}
+
+// Written beside the target first and then moved over it, so a failed write leaves the old file.
+bool WriteUnicodeFile(const std::wstring& path, const std::wstring& text) {
+    const std::wstring temporary = path + L".new";
+    win::UniqueHandle file(CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return false;
+    std::string bytes = "\xFF\xFE";
+    for (wchar_t c : text) {
+        bytes += static_cast<char>(c & 0xFF);
+        bytes += static_cast<char>((c >> 8) & 0xFF);
+    }
+    DWORD written = 0;
+    const bool ok = WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+                    written == bytes.size() && FlushFileBuffers(file.get());
+    file.reset();
+    if (ok && MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return true;
+    DeleteFileW(temporary.c_str());
+    return false;
+}
+
+bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
+    win::UniqueHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER size{};
+    if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kFolderSetSizeLimit) return false;
+    bytes.resize(static_cast<size_t>(size.QuadPart));
+    DWORD read = 0;
+    return bytes.empty() || (ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) &&
+                             read == bytes.size());
+}
+
+int NumberOr(const std::wstring& text, int fallback) { return text.empty() ? fallback : ParseLeadingInt(text); }
+
+}  // namespace
+
+FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool withPlacement) {
+    FolderSet set;
+    set.viewMode = withLayout ? layout_.layout : -1;
+    for (int i = 0; i < kViewCount; ++i) {
+        CMyShellBrowser* browser = panels_[i]->Active();
+        if (!IsWindowVisible(panels_[i]->hwnd()) || !browser || !browser->Current()) continue;
+        ViewRecord record;
+        record.number = i + 1;
+        record.active = TabOf(*browser);
+        record.tabs = {record.active};  // one tab per T-View until the tab strip exists
+        set.views.push_back(record);
+        if (withColumns) set.columnTexts[i] = record.active.colsAndSort;
+    }
+    set.withLayout = withLayout;
+    set.layout = layoutExtras_;
+    for (int i = 0; i < 3; ++i) set.layout.splitters[i] = layout_.splitters[i].position;
+    set.layout.treeMode = treeMode_;
+    for (int i = 0; i < kViewCount; ++i) set.layout.tree[i] = panels_[i]->ShowTree();
+    set.layout.focus = focusedView_;
+    set.withColumns = withColumns;
+    set.withPlacement = withPlacement;
+    WINDOWPLACEMENT placement{sizeof(placement)};
+    if (withPlacement && GetWindowPlacement(hwnd(), &placement)) {
+        const RECT& r = placement.rcNormalPosition;
+        set.placement = {r.left, r.top, r.right, r.bottom};
+        set.showCommand = static_cast<int>(placement.showCmd);
+    }
+    return set;
+}
+
+bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool withColumns, bool withPlacement) {
+    if (path.empty() || !hwnd()) return false;
+    return WriteUnicodeFile(FolderSetPath(path), WriteFolderSet(CollectFolderSet(withLayout, withColumns, withPlacement)));
+}
+
+bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
+    std::string bytes;
+    if (!ReadWholeFile(path, bytes)) {
+        if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), L"Tessel",
+                                      MB_ICONWARNING);
+        return false;
+    }
+    ApplyFolderSet(ReadFolderSet(FolderSetText(bytes), treeMode_, focusedView_));
+    return true;
+}
+
+void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
+    for (int number = kViewCount; number >= 1; --number) {
+        const LoadedView& view = set.views[number - 1];
+        const TabState* tab = !view.tabs.empty() ? &view.tabs[view.selectedTab >= 0 ? view.selectedTab : 0]
+                              : view.hasActive   ? &view.active
+                                                 : nullptr;
+        CPloder& panel = *panels_[number - 1];
+        CMyShellBrowser* browser = tab ? panel.EnsureBrowser() : nullptr;
+        if (!browser) continue;
+        std::vector<uint8_t> columns;
+        if (!tab->colsId.empty() && DecodeColumnValue(tab->colsAndSort, columns))
+            browser->Columns().Replace(tab->colsId) = std::move(columns);
+        const int mode = NumberOr(tab->viewMode, 0);
+        if (mode >= FVM_FIRST && mode <= FVM_LAST)
+            browser->SetOneShotSettings({static_cast<UINT>(mode), static_cast<UINT>(NumberOr(tab->viewModeFlags, 0))});
+        panel.NavigateToText(tab->folder);  // a folder that is gone leaves the T-View as it was
+    }
+    for (int i = 0; i < 3; ++i) {
+        layout_.splitters[i].position = set.layout.splitters[i];
+        layout_.splitters[i].pixel = -1;
+    }
+    layoutExtras_ = set.layout;
+    treeMode_ = set.layout.treeMode;
+    if (set.viewMode >= 0 && set.viewMode < kLayoutCount) SetLayout(set.viewMode, false);
+    else Layout();
+    FocusView(set.layout.focus);
+}
+
+}  // namespace tessel
