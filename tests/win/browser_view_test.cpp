@@ -15,11 +15,6 @@
 namespace tessel::testing {
 namespace {
 
-std::wstring Lower(std::wstring text) {
-    CharLowerW(text.data());
-    return text;
-}
-
 class BrowserView : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -30,7 +25,7 @@ protected:
         WriteBytes(files_ / L"sub\\inner.txt", "x");
     }
     bool Go(const std::wstring& path, int panel = 0) { return host_.Panel(panel).NavigateToText(path); }
-    std::wstring Shown(int panel = 0) { return Lower(host_.Browser(panel).CurrentPath()); }
+    std::wstring Shown(int panel = 0) { return LowerCase(host_.Browser(panel).CurrentPath()); }
 
     TempFolder files_;
     ViewHost host_{2};
@@ -39,16 +34,16 @@ protected:
 TEST_F(BrowserView, NavigatesByTextDefaultCommandUpAndBackspace) {
     ASSERT_TRUE(Go(files_.path()));
     CMyShellBrowser& browser = host_.Browser();
-    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(Shown(), LowerCase(files_.path()));
     EXPECT_EQ(ListCount(browser), 4);
     wchar_t panelText[MAX_PATH] = {};
     GetWindowTextW(host_.Panel().hwnd(), panelText, MAX_PATH);
-    EXPECT_EQ(Lower(panelText), Lower(files_.path()));
+    EXPECT_EQ(LowerCase(panelText), LowerCase(files_.path()));
 
     // A double-click on a folder arrives as the default command; the host goes in.
     ASSERT_TRUE(SelectByName(browser, L"sub"));
     EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_OK);
-    EXPECT_EQ(Shown(), Lower(files_ / L"sub"));
+    EXPECT_EQ(Shown(), LowerCase(files_ / L"sub"));
     // On a file the view is left to open it.
     ASSERT_TRUE(SelectByName(browser, L"inner.txt"));
     EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_FALSE);
@@ -56,7 +51,7 @@ TEST_F(BrowserView, NavigatesByTextDefaultCommandUpAndBackspace) {
     // Up selects the folder just left.
     ListView_SetItemState(browser.GetListControl(), -1, 0, LVIS_SELECTED);
     browser.Execute(ID_VIEW_UP);
-    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(Shown(), LowerCase(files_.path()));
     EXPECT_EQ(SelectedName(browser), L"sub");
 
     // Backspace in the list reaches the browser as a parent request.
@@ -64,7 +59,7 @@ TEST_F(BrowserView, NavigatesByTextDefaultCommandUpAndBackspace) {
     SetFocus(browser.GetListControl());
     SendMessageW(browser.GetListControl(), WM_KEYDOWN, VK_BACK, 0);
     Pump(50);
-    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(Shown(), LowerCase(files_.path()));
     EXPECT_EQ(GetFocus(), browser.GetListControl()) << "the view has the keyboard focus after navigating";
 }
 
@@ -79,12 +74,12 @@ TEST_F(BrowserView, SameFolderRefreshesAndTextFormsAreAccepted) {
     for (wchar_t& c : url)
         if (c == L'\\') c = L'/';
     ASSERT_TRUE(Go(url));
-    EXPECT_EQ(Shown(), Lower(files_ / L"sub"));
+    EXPECT_EQ(Shown(), LowerCase(files_ / L"sub"));
     EXPECT_EQ(browser.HistoryIndex(), index + 1);
 
     const std::wstring unicode = files_ / L"Ordner \u2713 \u65E5\u672C";
     ASSERT_TRUE(Go(L"  \"" + unicode + L"\" "));
-    EXPECT_EQ(Shown(), Lower(unicode));
+    EXPECT_EQ(Shown(), LowerCase(unicode));
 }
 
 TEST_F(BrowserView, BadLocationsKeepTheViewAndADeletedFolderDoesNotCrash) {
@@ -96,14 +91,14 @@ TEST_F(BrowserView, BadLocationsKeepTheViewAndADeletedFolderDoesNotCrash) {
     EXPECT_FALSE(Go(L"C:\\" + std::wstring(300, L'x')));
     EXPECT_FALSE(Go(L""));
     EXPECT_EQ(browser.View(), before);
-    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(Shown(), LowerCase(files_.path()));
 
     ASSERT_TRUE(Go(files_ / L"sub"));
     DeleteFileW((files_ / L"sub\\inner.txt").c_str());
     ASSERT_TRUE(RemoveDirectoryW((files_ / L"sub").c_str()));
     browser.RefreshView();
     browser.Execute(ID_VIEW_UP);
-    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(Shown(), LowerCase(files_.path()));
     EXPECT_EQ(ListCount(browser), 3);
 }
 
@@ -181,7 +176,7 @@ TEST_F(BrowserView, DelayedStepsRunLater) {
     IShellView* before = browser.View();
     browser.DelayedRenavigate(10);
     EXPECT_TRUE(PumpUntil([&] { return browser.View() != before; })) << "a fresh view of the same folder";
-    EXPECT_EQ(Shown(), Lower(files_.path()));
+    EXPECT_EQ(Shown(), LowerCase(files_.path()));
     SetFocus(host_.hwnd());
     browser.DelayedFocus(10);
     EXPECT_TRUE(PumpUntil([&] { return GetFocus() == browser.GetListControl(); }));
@@ -195,10 +190,10 @@ TEST_F(BrowserView, MouseOptionsOfTheList) {
     GetClientRect(list, &client);
     const LPARAM empty = MAKELPARAM(client.right - 5, client.bottom - 5);
     SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, empty);
-    EXPECT_EQ(Shown(), Lower(files_ / L"sub")) << "off: a double-click on empty space does nothing";
+    EXPECT_EQ(Shown(), LowerCase(files_ / L"sub")) << "off: a double-click on empty space does nothing";
     Options().lmouse_dblclk = 1;
     SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, empty);
-    EXPECT_EQ(Shown(), Lower(files_.path())) << "on: it goes up";
+    EXPECT_EQ(Shown(), LowerCase(files_.path())) << "on: it goes up";
 
     // Beside the name in the details view: a click there clears the selection.
     Options().only_label_or_icon_clk = 1;

@@ -9,6 +9,7 @@ namespace tessel {
 namespace {
 
 using testing::FileExists;
+using testing::LowerCase;
 using testing::ReadBytes;
 using testing::TempFolder;
 using testing::TesselProcess;
@@ -38,12 +39,8 @@ TEST_F(Startup, PathsGoToTheViewsAndEmptyViewsShowComputer) {
     TempFolder a, b;
     TesselProcess tessel(exe_, L"\"" + a.path() + L"\" \"" + b.path() + L"\" \"C:\\does\\not\\exist\"");
     ASSERT_TRUE(tessel.WaitForWindow());
-    auto lower = [](std::wstring s) {
-        CharLowerW(s.data());
-        return s;
-    };
-    EXPECT_EQ(lower(tessel.PanelText(1)), lower(a.path()));
-    EXPECT_EQ(lower(tessel.PanelText(2)), lower(b.path()));
+    EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(a.path()));
+    EXPECT_EQ(LowerCase(tessel.PanelText(2)), LowerCase(b.path()));
     const std::wstring computer = tessel.PanelText(4);
     EXPECT_FALSE(computer.empty());
     EXPECT_EQ(tessel.PanelText(3), computer) << "a folder that does not exist falls back to Computer";
@@ -100,12 +97,8 @@ TEST_F(Startup, QuitAndRestartBringsLayoutSplittersAndFoldersBack) {
     {
         TesselProcess tessel(exe_, L"");
         ASSERT_TRUE(tessel.WaitForWindow());
-        auto lower = [](std::wstring s) {
-            CharLowerW(s.data());
-            return s;
-        };
-        EXPECT_EQ(lower(tessel.PanelText(1)), lower(a.path()));
-        EXPECT_EQ(lower(tessel.PanelText(2)), lower(b.path()));
+        EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(a.path()));
+        EXPECT_EQ(LowerCase(tessel.PanelText(2)), LowerCase(b.path()));
         EXPECT_FALSE(IsWindowVisible(GetDlgItem(tessel.Frame(), 1003))) << "the layout came back";
         EXPECT_TRUE(IsWindowVisible(GetDlgItem(tessel.Frame(), 1002)));
         RECT one;

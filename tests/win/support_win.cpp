@@ -85,6 +85,11 @@ bool TesselProcess::WaitForWindow(DWORD timeoutMs) {
     return false;
 }
 
+std::wstring LowerCase(std::wstring text) {
+    CharLowerW(text.data());
+    return text;
+}
+
 std::wstring TesselProcess::PanelText(int view) const {
     wchar_t text[1024] = {};
     GetWindowTextW(GetDlgItem(frame_, 1000 + view), text, 1024);
