@@ -21,6 +21,11 @@
 #define ID_FOCUS_VIEW_1 32791
 #define ID_FOCUS_VIEW_4 32794
 #define IDC_LAYOUT_TOOLBAR 59392
+// Tabs of the T-View in use: Ctrl+T, Ctrl+W, Ctrl+Tab, Ctrl+Shift+Tab.
+#define ID_TAB_NEW 32795
+#define ID_TAB_CLOSE 32796
+#define ID_TAB_NEXT 32797
+#define ID_TAB_PREVIOUS 32798
 
 #define ID_FILE_NEW_INSTANCE 32781
 #define ID_FILE_OPEN_SET 32782

@@ -8,6 +8,7 @@
 #include "core/settings_store_win.h"
 #include "frame/main_frame_win.h"
 #include "res/resource.h"
+#include "nav/tab_view_win.h"
 #include "view/column_memory.h"
 #include "win/handles_win.h"
 #include "win/shell_item_win.h"
@@ -64,18 +65,76 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
 
 int NumberOr(const std::wstring& text, int fallback) { return text.empty() ? fallback : ParseLeadingInt(text); }
 
+// A tab whose browser view was never made keeps what the folder set gave it.
+TabState TabOf(const TabRecord& record) {
+    if (record.browser && record.browser->Current()) return TabOf(*record.browser);
+    TabState tab;
+    tab.folder = win::FileSystemPathOf(record.folder.get());
+    if (tab.folder.empty()) tab.folder = win::ParsingNameOf(record.folder.get());
+    if (record.hasSettings) {
+        tab.viewMode = std::to_wstring(record.settings.ViewMode);
+        tab.viewModeFlags = std::to_wstring(record.settings.fFlags);
+    }
+    tab.colsId = record.columnKey;
+    tab.colsAndSort = record.columnValue;
+    return tab;
+}
+
+void GiveSettings(const TabState& state, TabRecord& record) {
+    const int mode = NumberOr(state.viewMode, 0);
+    record.hasSettings = mode >= FVM_FIRST && mode <= FVM_LAST;
+    record.settings = {static_cast<UINT>(mode), static_cast<UINT>(NumberOr(state.viewModeFlags, 0))};
+    record.columnKey = state.colsId;
+    record.columnValue = state.colsAndSort;
+}
+
+// The T-View keeps its selected tab, which takes the first tab of the file; the others follow
+// as new tabs, made lazily. A folder that is gone opens no tab.
+void RestoreTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int selected) {
+    CCBrowserTabView& strip = panel.Tabs();
+    for (int i = strip.Count() - 1; i >= 0; --i)
+        if (i != strip.Selected()) strip.CloseTab(i);
+    int select = -1;
+    bool keptUsed = strip.Count() == 0;
+    for (size_t i = 0; i < tabs.size(); ++i) {
+        win::UniquePidl folder = win::PidlFromPath(tabs[i]->folder);
+        if (!folder) continue;
+        int index = 0;
+        if (!keptUsed) {
+            keptUsed = true;
+            TabRecord record;
+            GiveSettings(*tabs[i], record);
+            if (CMyShellBrowser* browser = panel.Active()) {
+                std::vector<uint8_t> bytes;
+                if (!record.columnKey.empty() && DecodeColumnValue(record.columnValue, bytes))
+                    browser->Columns().Replace(record.columnKey) = std::move(bytes);
+                if (record.hasSettings) browser->SetOneShotSettings(record.settings);
+            }
+            panel.NavigateTo(std::move(folder));
+        } else {
+            index = strip.InsertTab(std::move(folder));
+            if (TabRecord* record = index >= 0 ? strip.Record(index) : nullptr) GiveSettings(*tabs[i], *record);
+        }
+        if (static_cast<int>(i) == selected) select = index;
+    }
+    if (select >= 0) strip.Select(select);
+    else if (strip.Count() > 0 && strip.Selected() < 0) strip.Select(0);
+}
+
 }  // namespace
 
 FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool withPlacement) {
     FolderSet set;
     set.viewMode = withLayout ? layout_.layout : -1;
     for (int i = 0; i < kViewCount; ++i) {
-        CMyShellBrowser* browser = panels_[i]->Active();
-        if (!IsWindowVisible(panels_[i]->hwnd()) || !browser || !browser->Current()) continue;
+        CPloder& panel = *panels_[i];
+        CMyShellBrowser* browser = panel.Active();
+        if (!IsWindowVisible(panel.hwnd()) || !browser || !browser->Current()) continue;
         ViewRecord record;
         record.number = i + 1;
         record.active = TabOf(*browser);
-        record.tabs = {record.active};  // one tab per T-View until the tab strip exists
+        for (int t = 0; t < panel.Tabs().Count(); ++t) record.tabs.push_back(TabOf(*panel.Tabs().Record(t)));
+        record.selectedTab = panel.Tabs().Selected();
         set.views.push_back(record);
         if (withColumns) set.columnTexts[i] = record.active.colsAndSort;
     }
@@ -115,19 +174,10 @@ bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
 void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
     for (int number = kViewCount; number >= 1; --number) {
         const LoadedView& view = set.views[number - 1];
-        const TabState* tab = !view.tabs.empty() ? &view.tabs[view.selectedTab >= 0 ? view.selectedTab : 0]
-                              : view.hasActive   ? &view.active
-                                                 : nullptr;
-        CPloder& panel = *panels_[number - 1];
-        CMyShellBrowser* browser = tab ? panel.EnsureBrowser() : nullptr;
-        if (!browser) continue;
-        std::vector<uint8_t> columns;
-        if (!tab->colsId.empty() && DecodeColumnValue(tab->colsAndSort, columns))
-            browser->Columns().Replace(tab->colsId) = std::move(columns);
-        const int mode = NumberOr(tab->viewMode, 0);
-        if (mode >= FVM_FIRST && mode <= FVM_LAST)
-            browser->SetOneShotSettings({static_cast<UINT>(mode), static_cast<UINT>(NumberOr(tab->viewModeFlags, 0))});
-        panel.NavigateToText(tab->folder);  // a folder that is gone leaves the T-View as it was
+        std::vector<const TabState*> tabs;
+        for (const TabState& tab : view.tabs) tabs.push_back(&tab);
+        if (tabs.empty() && view.hasActive) tabs.push_back(&view.active);
+        if (!tabs.empty()) RestoreTabs(*panels_[number - 1], tabs, view.tabs.empty() ? 0 : view.selectedTab);
     }
     for (int i = 0; i < 3; ++i) {
         layout_.splitters[i].position = set.layout.splitters[i];

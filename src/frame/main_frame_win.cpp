@@ -206,7 +206,21 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     default:
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
+        else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);
         break;
+    }
+}
+
+void CMainFrame::TabCommand(int id) {
+    HWND focus = GetFocus();
+    for (int i = 0; i < kViewCount; ++i)  // the T-View in use is the one holding the focus
+        if (focus && (focus == panels_[i]->hwnd() || IsChild(panels_[i]->hwnd(), focus))) focusedView_ = i + 1;
+    CPloder& panel = *panels_[focusedView_ - 1];
+    switch (id) {
+    case ID_TAB_NEW: panel.NewTab(); break;
+    case ID_TAB_CLOSE: panel.CloseCurrentTab(); break;
+    case ID_TAB_NEXT: panel.NextTab(1); break;
+    case ID_TAB_PREVIOUS: panel.NextTab(-1); break;
     }
 }
 

@@ -67,6 +67,7 @@ private:
     void ShowStatusBar(bool show);
     void ShowAbout();
     void OpenFolderSetDialog();
+    void TabCommand(int id);
     void SaveFolderSetDialog();
     void StartFurtherInstance();
 

@@ -11,6 +11,7 @@
 #include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "view/column_memory.h"
+#include "view/location_text.h"
 #include "win/shell_item_win.h"
 
 namespace tessel {
@@ -79,6 +80,7 @@ bool CPloder::OnCreate() {
     statusBar_ = Child(STATUSCLASSNAMEW, WS_VISIBLE | WS_CLIPCHILDREN | CCS_NOPARENTALIGN | CCS_NORESIZE, 0, hwnd(),
                        kStatusBarId);
     toolbars_.Create(hwnd(), statusBar_);
+    tabs_ = std::make_unique<CCBrowserTabView>(*this, hwnd());
     HFONT font = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     for (HWND child : {filterBox_, location_, filterLabel_})
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
@@ -138,16 +140,51 @@ void CPloder::Activate(CMyShellBrowser* browser) {
     }
 }
 
-CMyShellBrowser* CPloder::EnsureBrowser() {
-    if (!active_) Activate(GetOrCreateBrowser());
-    return active_;
+
+bool CPloder::NavigateToText(const std::wstring& path) {
+    if (tabs_->Count() > 0 && active_) return active_->NavigateToText(path);
+    return NavigateTo(win::PidlFromPath(NormalizeLocationText(path)));
 }
 
-bool CPloder::NavigateToText(const std::wstring& path) { return EnsureBrowser() && active_->NavigateToText(path); }
+bool CPloder::NavigateToSpecial(int csidl) { return NavigateTo(win::SpecialFolder(csidl)); }
 
-bool CPloder::NavigateToSpecial(int csidl) {
-    win::UniquePidl pidl = win::SpecialFolder(csidl);
-    return pidl && EnsureBrowser() && active_->NavigateTo(std::move(pidl), false, true);
+bool CPloder::NavigateTo(win::UniquePidl folder) {
+    if (!folder) return false;
+    if (tabs_->Count() > 0 && active_) return active_->NavigateTo(std::move(folder), false, true) != 0;
+    const int index = tabs_->InsertTab(std::move(folder));
+    tabs_->Select(index);
+    if (HasLocation()) return true;
+    tabs_->CloseTab(index);  // the folder could not be shown: no tab for it
+    return false;
+}
+
+CMyShellBrowser* CPloder::CreateTabBrowser(const TabRecord& tab) {
+    CMyShellBrowser* browser = GetOrCreateBrowser();
+    if (!browser) return nullptr;
+    if (!tab.columnKey.empty()) {
+        std::vector<uint8_t> bytes;
+        if (DecodeColumnValue(tab.columnValue, bytes)) browser->Columns().Replace(tab.columnKey) = std::move(bytes);
+    }
+    if (tab.hasSettings) browser->SetOneShotSettings(tab.settings);
+    browser->NavigateTo(win::ClonePidl(tab.folder.get()), false, true);
+    return browser;
+}
+
+bool CPloder::CloseTabBrowser(CMyShellBrowser* browser) {
+    CloseBrowser(browser);
+    return true;
+}
+
+void CPloder::NewTab() {
+    if (!active_ || !active_->Current()) return;
+    tabs_->Select(tabs_->InsertTab(win::ClonePidl(active_->Current()), std::to_wstring(tabs_->Selected() + 1)));
+}
+
+void CPloder::CloseCurrentTab() { tabs_->CloseTab(tabs_->Selected()); }
+
+void CPloder::NextTab(int step) {
+    const int count = tabs_->Count();
+    if (count > 1) tabs_->Select((tabs_->Selected() + step + count) % count);
 }
 
 bool CPloder::HasLocation() const { return active_ && active_->Current(); }
@@ -159,6 +196,7 @@ void CPloder::Refresh() {
 }
 
 void CPloder::BrowserNavigated(CMyShellBrowser& browser) {
+    tabs_->UpdateTab(&browser, browser.Current());
     if (&browser != active_) return;
     const std::wstring name = browser.CurrentPath();
     SetWindowTextW(hwnd(), name.c_str());  // readable by tests and accessibility tools
@@ -226,6 +264,12 @@ void CPloder::Layout() {
     int top = 0;
     SetWindowPos(location_, nullptr, pad, top, client.right - 2 * pad, line, SWP_NOZORDER);
     top += line;
+    if (const int strip = tabs_ ? tabs_->Height() : 0) {
+        SetWindowPos(tabs_->Strip(), nullptr, 0, top, client.right, strip, SWP_NOZORDER | SWP_SHOWWINDOW);
+        top += strip;
+    } else if (tabs_) {
+        ShowWindow(tabs_->Strip(), SW_HIDE);
+    }
     const bool showFilter = filter_.show_filter != 0;
     ShowWindow(filterLabel_, showFilter ? SW_SHOW : SW_HIDE);
     ShowWindow(filterBox_, showFilter ? SW_SHOW : SW_HIDE);
@@ -251,6 +295,7 @@ void CPloder::Layout() {
 }
 
 LRESULT CPloder::OnNotify(NMHDR* header) {
+    if (tabs_ && tabs_->OnNotify(header)) return 0;
     if (header->code == TTN_GETDISPINFOW) {
         auto* info = reinterpret_cast<NMTTDISPINFOW*>(header);
         static std::wstring tip;  // the tooltip reads it right after this message

@@ -4,6 +4,9 @@
 #include <array>
 #include <string>
 
+#include <memory>
+
+#include "nav/tab_view_win.h"
 #include "view/browser_slots.h"
 #include "view/shell_browser_win.h"
 #include "view/view_toolbars_win.h"
@@ -24,22 +27,28 @@ struct PanelFilter {  // what the view filter reads from the panel's section
     int by_auto_wildcard = 1;
 };
 
-class CPloder : public win::Window, public IBrowserOwner {
+class CPloder : public win::Window, public IBrowserOwner, public ITabOwner {
 public:
     explicit CPloder(int viewIndex);  // counted from 0
     ~CPloder() override;
     bool Create(HWND parent);
 
-    // Navigation of the active browser view; false leaves the view as it was.
+    // Navigation of the active tab (the first navigation opens the first tab); false leaves the
+    // view as it was.
     bool NavigateToText(const std::wstring& path);
     bool NavigateToSpecial(int csidl);
+    bool NavigateTo(win::UniquePidl folder);
+    CCBrowserTabView& Tabs() { return *tabs_; }
+    // Tab commands of the keyboard: a new tab on the current folder, close, next and previous.
+    void NewTab();
+    void CloseCurrentTab();
+    void NextTab(int step);
     bool HasLocation() const;
     std::wstring LocationName() const;
     int ViewNumber() const override { return viewIndex_; }
     void Refresh();
 
     CMyShellBrowser* GetOrCreateBrowser();
-    CMyShellBrowser* EnsureBrowser();  // the active browser view, made when there is none
     void CloseBrowser(CMyShellBrowser* browser);
     void Activate(CMyShellBrowser* browser);
     CMyShellBrowser* Active() const { return active_; }
@@ -59,6 +68,12 @@ public:
     // The shell's menu of the folder's background with the T-View's title item at the end.
     win::UniqueMenu BuildBackgroundMenu(win::ComPtr<IContextMenu>& menu);
     void ToggleFilterBox() override;
+
+    // ITabOwner
+    CMyShellBrowser* CreateTabBrowser(const TabRecord& tab) override;
+    void ShowTabBrowser(CMyShellBrowser* browser) override { Activate(browser); }
+    bool CloseTabBrowser(CMyShellBrowser* browser) override;
+    void TabsChanged() override { Layout(); }
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -86,6 +101,7 @@ private:
     HWND treeEdge_ = nullptr;     // third static: the edge between tree and list
     HWND statusBar_ = nullptr;
     ViewToolbars toolbars_;
+    std::unique_ptr<CCBrowserTabView> tabs_;
 };
 
 }  // namespace tessel

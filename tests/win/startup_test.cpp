@@ -1,4 +1,7 @@
 // The real executable, started from a folder of its own with a settings file beside it.
+#include <windows.h>
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 #include "core/settings_store_win.h"
@@ -89,6 +92,9 @@ TEST_F(Startup, QuitAndRestartBringsLayoutSplittersAndFoldersBack) {
         SendMessageW(tessel.Frame(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(bar.x - 150, bar.y));
         SendMessageW(tessel.Frame(), WM_LBUTTONUP, 0, MAKELPARAM(bar.x - 150, bar.y));
         GetWindowRect(GetDlgItem(tessel.Frame(), 1001), &firstView);
+        SetForegroundWindow(tessel.Frame());
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_FOCUS_VIEW_1, 0);
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_TAB_NEW, 0);  // a second tab in T-View 1
         EXPECT_EQ(tessel.CloseAndWait(), 0);
     }
     const std::string saved = ReadBytes(folder_ / L"start.tsf");
@@ -104,6 +110,9 @@ TEST_F(Startup, QuitAndRestartBringsLayoutSplittersAndFoldersBack) {
         RECT one;
         GetWindowRect(GetDlgItem(tessel.Frame(), 1001), &one);
         EXPECT_NEAR(one.right - one.left, firstView.right - firstView.left, 3) << "the splitter came back";
+        HWND strip = GetDlgItem(GetDlgItem(tessel.Frame(), 1001), 1000);
+        EXPECT_EQ(SendMessageW(strip, TCM_GETITEMCOUNT, 0, 0), 2) << "both tabs came back";
+        EXPECT_EQ(SendMessageW(strip, TCM_GETCURSEL, 0, 0), 1) << "with the selected one";
         // A last state that cannot be replaced stays as it was.
         HANDLE held = CreateFileW((folder_ / L"start.tsf").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                   OPEN_EXISTING, 0, nullptr);

@@ -1,0 +1,261 @@
+#include "nav/tab_view_win.h"
+
+#include <shellapi.h>
+#include <shlobj.h>
+#include <windowsx.h>
+
+#include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
+#include "nav/tab_label.h"
+#include "view/shell_browser_win.h"
+#include "win/shell_item_win.h"
+#include "win/window_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr int kLabelBuffer = 260;
+enum TabCommand { kClose = 1, kRefresh, kDuplicate, kNewHere, kNewComputer };
+constexpr UINT kFirstShellId = 100;
+
+class DcMeasure : public ITextMeasure {  // the strip's device context as GetDC gives it
+public:
+    explicit DcMeasure(HWND window) : window_(window), dc_(GetDC(window)) {}
+    ~DcMeasure() override { ReleaseDC(window_, dc_); }
+    int Width(std::wstring_view text) override {
+        SIZE size{};
+        GetTextExtentPoint32W(dc_, text.data(), static_cast<int>(text.size()), &size);
+        return size.cx;
+    }
+
+private:
+    HWND window_;
+    HDC dc_;
+};
+
+}  // namespace
+
+CCBrowserTabView::CCBrowserTabView(ITabOwner& owner, HWND panel) : owner_(owner) {
+    strip_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_CLIPSIBLINGS | TCS_FOCUSNEVER | TCS_TOOLTIPS, 0, 0,
+                             0, 0, panel, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kTabStripId)),
+                             GetModuleHandleW(nullptr), nullptr);
+    SHFILEINFOW info{};
+    auto icons = reinterpret_cast<HIMAGELIST>(
+        SHGetFileInfoW(L"C:\\", 0, &info, sizeof(info), SHGFI_SYSICONINDEX | SHGFI_SMALLICON));
+    if (icons) ImageList_SetBkColor(icons, CLR_NONE);
+    SendMessageW(strip_, TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(icons));  // the system's list: not ours to free
+    SendMessageW(strip_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    SetWindowSubclass(strip_, &CCBrowserTabView::StripProc, 1, reinterpret_cast<DWORD_PTR>(this));
+}
+
+CCBrowserTabView::~CCBrowserTabView() {
+    for (int i = Count() - 1; i >= 0; --i) delete Record(i);
+    if (IsWindow(strip_)) {
+        RemoveWindowSubclass(strip_, &CCBrowserTabView::StripProc, 1);
+        DestroyWindow(strip_);
+    }
+}
+
+int CCBrowserTabView::Count() const { return static_cast<int>(SendMessageW(strip_, TCM_GETITEMCOUNT, 0, 0)); }
+int CCBrowserTabView::Selected() const { return static_cast<int>(SendMessageW(strip_, TCM_GETCURSEL, 0, 0)); }
+
+TabRecord* CCBrowserTabView::Record(int index) const {
+    TCITEMW item{TCIF_PARAM};
+    if (!SendMessageW(strip_, TCM_GETITEMW, index, reinterpret_cast<LPARAM>(&item))) return nullptr;
+    return reinterpret_cast<TabRecord*>(item.lParam);
+}
+
+void CCBrowserTabView::SetLabel(int index, PCIDLIST_ABSOLUTE folder) {
+    SHFILEINFOW info{};
+    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &info, sizeof(info),
+                   SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+    std::wstring label = info.szDisplayName;
+    if (Options().tab_width_mode == 1) {
+        DcMeasure measure(strip_);
+        label = CutTabLabel(label, ClampTabMaxWidth(Options().tab_max_width), measure);
+    }
+    label.reserve(kLabelBuffer);
+    TCITEMW item{TCIF_TEXT | TCIF_IMAGE};
+    item.pszText = label.data();
+    item.iImage = info.iIcon;
+    SendMessageW(strip_, TCM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
+}
+
+int CCBrowserTabView::InsertTab(win::UniquePidl folder, const std::wstring& position) {
+    if (!folder) return -1;
+    auto record = std::make_unique<TabRecord>();
+    record->position = position;
+    TCITEMW item{TCIF_PARAM | TCIF_TEXT};
+    item.pszText = const_cast<wchar_t*>(L"");
+    item.lParam = reinterpret_cast<LPARAM>(record.get());
+    const int at = std::min(TabInsertIndex(position, Count()), Count());
+    const int index = static_cast<int>(SendMessageW(strip_, TCM_INSERTITEMW, at, reinterpret_cast<LPARAM>(&item)));
+    if (index < 0) return -1;
+    TabRecord* held = record.release();  // owned by the strip item from here on
+    held->folder = std::move(folder);
+    SetLabel(index, held->folder.get());
+    owner_.TabsChanged();
+    return index;
+}
+
+void CCBrowserTabView::UpdateTab(CMyShellBrowser* browser, PCIDLIST_ABSOLUTE folder) {
+    for (int i = 0; i < Count(); ++i) {
+        TabRecord* record = Record(i);
+        if (record && record->browser == browser) {
+            record->folder = win::ClonePidl(folder);
+            SetLabel(i, folder);
+            return;
+        }
+    }
+}
+
+void CCBrowserTabView::Select(int index) {
+    if (index < 0 || index >= Count()) return;
+    SendMessageW(strip_, TCM_SETCURSEL, index, 0);
+    ActivateTab();
+}
+
+void CCBrowserTabView::ActivateTab() {
+    TabRecord* record = Record(Selected());
+    if (!record) return;
+    if (!record->browser) record->browser = owner_.CreateTabBrowser(*record);
+    if (record->browser && record->browser != shown_) {
+        shown_ = record->browser;
+        owner_.ShowTabBrowser(shown_);
+    }
+}
+
+bool CCBrowserTabView::CloseTab(int index) {
+    const int count = Count();
+    TabRecord* record = Record(index);
+    const int selected = Selected();
+    const int next = TabSelectedAfterClose(index, count, selected);
+    if (!record || next < 0) return false;
+    if (record->browser && !owner_.CloseTabBrowser(record->browser)) return false;
+    if (record->browser == shown_) shown_ = nullptr;
+    SendMessageW(strip_, TCM_DELETEITEM, index, 0);
+    delete record;
+    SendMessageW(strip_, TCM_SETCURSEL, next, 0);
+    ActivateTab();
+    owner_.TabsChanged();
+    return true;
+}
+
+int CCBrowserTabView::DuplicateTab(int index, int target) {
+    TabRecord* record = Record(index);
+    if (!record) return -1;
+    PCIDLIST_ABSOLUTE folder = record->browser && record->browser->Current() ? record->browser->Current()
+                                                                             : record->folder.get();
+    const int copy = InsertTab(win::ClonePidl(folder), std::to_wstring(index + 1));
+    Select(copy);
+    if (target != -1) MoveTab(copy, target);
+    return copy;
+}
+
+void CCBrowserTabView::MoveTab(int from, int to) {
+    const int count = Count();
+    if (from < 0 || to < 0 || from >= count || to >= count || from == to) return;
+    wchar_t text[kLabelBuffer] = {};
+    TCITEMW item{TCIF_PARAM | TCIF_TEXT | TCIF_IMAGE};
+    item.pszText = text;
+    item.cchTextMax = kLabelBuffer;
+    SendMessageW(strip_, TCM_GETITEMW, from, reinterpret_cast<LPARAM>(&item));
+    SendMessageW(strip_, TCM_DELETEITEM, from, 0);
+    SendMessageW(strip_, TCM_INSERTITEMW, to, reinterpret_cast<LPARAM>(&item));
+    if (TabRecord* record = Record(to)) SetLabel(to, record->folder.get());
+    Select(to);
+}
+
+int CCBrowserTabView::Height() const {
+    const int mode = Options().show_tabs;
+    if (mode == 0 || (mode == 2 && Count() < 2)) return 0;
+    return win::Scaled(strip_, 24);
+}
+
+int CCBrowserTabView::TabAt(POINT client) const {
+    TCHITTESTINFO hit{client};
+    return static_cast<int>(SendMessageW(strip_, TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+}
+
+void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
+    int index = Selected();
+    if (!fromKeyboard) {
+        POINT client = screen;
+        ScreenToClient(strip_, &client);
+        index = TabAt(client);
+    }
+    win::UniqueMenu menu(CreatePopupMenu());
+    if (index >= 0) {
+        AppendMenuW(menu.get(), MF_STRING, kClose, GetText(51206).c_str());
+        AppendMenuW(menu.get(), MF_STRING, kRefresh, GetText(288).c_str());
+        AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+    }
+    AppendMenuW(menu.get(), MF_STRING, kDuplicate, GetText(51208).c_str());
+    AppendMenuW(menu.get(), MF_STRING, kNewHere, GetText(20004).c_str());
+    AppendMenuW(menu.get(), MF_STRING, kNewComputer, GetText(51207).c_str());
+    TabRecord* record = Record(index >= 0 ? index : Selected());
+    win::ComPtr<IContextMenu> shellMenu;
+    if (Options().tab_use_context_menu && record && record->folder) {
+        PCUITEMID_CHILD last = nullptr;
+        win::ComPtr<IShellFolder> parent;
+        if (SUCCEEDED(SHBindToParent(record->folder.get(), IID_IShellFolder, parent.put_void(), &last)) &&
+            SUCCEEDED(parent->GetUIObjectOf(strip_, 1, &last, IID_IContextMenu, nullptr, shellMenu.put_void()))) {
+            AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+            shellMenu->QueryContextMenu(menu.get(), GetMenuItemCount(menu.get()), kFirstShellId, 0x7FFF, CMF_NORMAL);
+        }
+    }
+    if (fromKeyboard && index >= 0) {
+        RECT tab;
+        SendMessageW(strip_, TCM_GETITEMRECT, index, reinterpret_cast<LPARAM>(&tab));
+        screen = {tab.left, tab.bottom};
+        ClientToScreen(strip_, &screen);
+    }
+    const UINT command = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, strip_, nullptr);
+    const int at = index >= 0 ? index : Selected();
+    switch (command) {
+    case kClose: CloseTab(at); break;
+    case kRefresh:
+        if (Selected() != at) Select(at);
+        if (shown_) shown_->RefreshView();
+        break;
+    case kDuplicate: DuplicateTab(at); break;
+    case kNewHere:
+        if (shown_ && shown_->Current()) Select(InsertTab(win::ClonePidl(shown_->Current()), std::to_wstring(at + 1)));
+        break;
+    case kNewComputer:
+        Select(InsertTab(win::SpecialFolder(CSIDL_DRIVES), index >= 0 ? std::to_wstring(index + 1) : L""));
+        break;
+    default:
+        if (command >= kFirstShellId && shellMenu && shown_) shown_->RunMenuCommand(shellMenu.get(), command - kFirstShellId);
+        break;
+    }
+}
+
+bool CCBrowserTabView::OnNotify(NMHDR* header) {
+    if (header->hwndFrom != strip_) return false;
+    if (header->code == TCN_SELCHANGE) ActivateTab();
+    return true;
+}
+
+LRESULT CALLBACK CCBrowserTabView::StripProc(HWND strip, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                              DWORD_PTR data) {
+    auto* self = reinterpret_cast<CCBrowserTabView*>(data);
+    switch (message) {
+    case WM_CONTEXTMENU:
+        self->ShowContextMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}, lParam == -1);
+        return 0;
+    case WM_LBUTTONDBLCLK:
+    case WM_MBUTTONUP: {
+        const int index = self->TabAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        if (index >= 0) self->CloseTab(index);
+        return 0;
+    }
+    case WM_RBUTTONDBLCLK:
+        MessageBoxW(strip, L"Next-Ver ;-)", L"Tessel", MB_OK);
+        return 0;
+    }
+    return DefSubclassProc(strip, message, wParam, lParam);
+}
+
+}  // namespace tessel

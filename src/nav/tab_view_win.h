@@ -1,0 +1,74 @@
+#pragma once
+// The tab strip of a T-View: one tab per folder the view keeps open. Each tab owns its folder's
+// item identifier list; its browser view is made the first time the tab is activated.
+#include <windows.h>
+#include <commctrl.h>
+#include <shlobj.h>
+
+#include <memory>
+#include <string>
+
+#include "win/handles_win.h"
+
+namespace tessel {
+
+class CMyShellBrowser;
+struct TabRecord;
+
+inline constexpr int kTabStripId = 1000;
+
+// What the strip asks of its panel.
+class ITabOwner {
+public:
+    virtual ~ITabOwner() = default;
+    virtual CMyShellBrowser* CreateTabBrowser(const TabRecord& tab) = 0;
+    virtual void ShowTabBrowser(CMyShellBrowser* browser) = 0;
+    virtual bool CloseTabBrowser(CMyShellBrowser* browser) = 0;  // false keeps the tab
+    virtual void TabsChanged() = 0;  // the strip's height may have changed: lay out again
+};
+
+struct TabRecord {
+    CMyShellBrowser* browser = nullptr;
+    win::UniquePidl folder;
+    std::wstring position;
+    // View settings and columns a folder set gave the tab, used when its browser view is made.
+    bool hasSettings = false;
+    FOLDERSETTINGS settings{};
+    std::wstring columnKey, columnValue;
+};
+
+class CCBrowserTabView {
+public:
+    CCBrowserTabView(ITabOwner& owner, HWND panel);
+    ~CCBrowserTabView();
+    CCBrowserTabView(const CCBrowserTabView&) = delete;
+    CCBrowserTabView& operator=(const CCBrowserTabView&) = delete;
+
+    HWND Strip() const { return strip_; }
+    int Count() const;
+    int Selected() const;
+    int InsertTab(win::UniquePidl folder, const std::wstring& position = L"");
+    void UpdateTab(CMyShellBrowser* browser, PCIDLIST_ABSOLUTE folder);
+    void Select(int index);  // selects and activates
+    void ActivateTab();
+    bool CloseTab(int index);
+    int DuplicateTab(int index, int target = -1);
+    void MoveTab(int from, int to);
+    TabRecord* Record(int index) const;
+    // The strip's height when shown under the current show_tabs mode, else 0.
+    int Height() const;
+    void ShowContextMenu(POINT screen, bool fromKeyboard);
+    // WM_NOTIFY from the strip; true when handled.
+    bool OnNotify(NMHDR* header);
+
+private:
+    static LRESULT CALLBACK StripProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
+    void SetLabel(int index, PCIDLIST_ABSOLUTE folder);
+    int TabAt(POINT client) const;
+
+    ITabOwner& owner_;
+    HWND strip_ = nullptr;
+    CMyShellBrowser* shown_ = nullptr;
+};
+
+}  // namespace tessel
