@@ -68,8 +68,10 @@ int Launch(int argc, wchar_t** argv) {
     if (code == 0) {
         std::printf("window-ms: %.0f\n", (end.QuadPart - begin.QuadPart) * 1000.0 / frequency.QuadPart);
         PROCESS_MEMORY_COUNTERS memory{sizeof(memory)};
-        if (GetProcessMemoryInfo(info.hProcess, &memory, sizeof(memory)))
+        if (GetProcessMemoryInfo(info.hProcess, &memory, sizeof(memory))) {
             std::printf("working-set-mb: %.1f\n", memory.WorkingSetSize / 1048576.0);
+            std::printf("peak-working-set-mb: %.1f\n", memory.PeakWorkingSetSize / 1048576.0);
+        }
     }
     CloseHandle(info.hThread);
     CloseHandle(info.hProcess);
