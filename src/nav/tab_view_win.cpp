@@ -4,9 +4,12 @@
 #include <shlobj.h>
 #include <windowsx.h>
 
+#include <vector>
+
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "nav/tab_ctrl_win.h"
 #include "nav/tab_label.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
@@ -18,6 +21,7 @@ namespace {
 constexpr int kLabelBuffer = 260;
 enum TabCommand { kClose = 1, kRefresh, kDuplicate, kNewHere, kNewComputer };
 constexpr UINT kFirstShellId = 100;
+std::vector<CCBrowserTabView*> g_strips;  // every strip of the program, for RelayoutAll
 
 class DcMeasure : public ITextMeasure {  // the strip's device context as GetDC gives it
 public:
@@ -47,9 +51,19 @@ CCBrowserTabView::CCBrowserTabView(ITabOwner& owner, HWND panel) : owner_(owner)
     SendMessageW(strip_, TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(icons));  // the system's list: not ours to free
     SendMessageW(strip_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
     SetWindowSubclass(strip_, &CCBrowserTabView::StripProc, 1, reinterpret_cast<DWORD_PTR>(this));
+    *control_.put() = new CCBrowserTabCtrl(*this);
+    RegisterDragDrop(strip_, control_.get());
+    g_strips.push_back(this);
+}
+
+void CCBrowserTabView::RelayoutAll() {
+    for (CCBrowserTabView* strip : g_strips) strip->owner_.TabsChanged();
 }
 
 CCBrowserTabView::~CCBrowserTabView() {
+    std::erase(g_strips, this);
+    if (IsWindow(strip_)) RevokeDragDrop(strip_);
+    control_->Detach();
     for (int i = Count() - 1; i >= 0; --i) delete Record(i);
     if (IsWindow(strip_)) {
         RemoveWindowSubclass(strip_, &CCBrowserTabView::StripProc, 1);
@@ -254,6 +268,17 @@ LRESULT CALLBACK CCBrowserTabView::StripProc(HWND strip, UINT message, WPARAM wP
     case WM_RBUTTONDBLCLK:
         MessageBoxW(strip, L"Next-Ver ;-)", L"Tessel", MB_OK);
         return 0;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+        self->control_->OnButtonDown({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}, message == WM_RBUTTONDOWN);
+        break;
+    case WM_MOUSEMOVE:
+        if (wParam & (MK_LBUTTON | MK_RBUTTON)) self->control_->OnMouseMove({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        break;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+        self->control_->OnButtonUp();
+        break;
     }
     return DefSubclassProc(strip, message, wParam, lParam);
 }

@@ -8,11 +8,13 @@
 #include <memory>
 #include <string>
 
+#include "win/com_ptr_win.h"
 #include "win/handles_win.h"
 
 namespace tessel {
 
 class CMyShellBrowser;
+class CCBrowserTabCtrl;
 struct TabRecord;
 
 inline constexpr int kTabStripId = 1000;
@@ -60,6 +62,8 @@ public:
     void ShowContextMenu(POINT screen, bool fromKeyboard);
     // WM_NOTIFY from the strip; true when handled.
     bool OnNotify(NMHDR* header);
+    static void RelayoutAll();  // every strip of the program, after show_tabs changed
+    CCBrowserTabCtrl& Control() { return *control_.get(); }
 
 private:
     static LRESULT CALLBACK StripProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
@@ -68,6 +72,7 @@ private:
 
     ITabOwner& owner_;
     HWND strip_ = nullptr;
+    win::ComPtr<CCBrowserTabCtrl> control_;
     CMyShellBrowser* shown_ = nullptr;
 };
 

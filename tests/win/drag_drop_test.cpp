@@ -1,0 +1,88 @@
+// Drag and drop of the navigation aids: the drop source's rules, the text of a drop, a folder
+// dropped on a tab strip, and a tab dropped on another T-View's strip.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "nav/tab_ctrl_win.h"
+#include "view_host_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel::testing {
+namespace {
+
+win::ComPtr<IDataObject> DataOf(const std::wstring& path) {
+    win::UniquePidl pidl = win::PidlFromPath(path);
+    win::ComPtr<IShellFolder> parent;
+    PCUITEMID_CHILD last = nullptr;
+    win::ComPtr<IDataObject> data;
+    if (pidl && SUCCEEDED(SHBindToParent(pidl.get(), IID_IShellFolder, parent.put_void(), &last)))
+        parent->GetUIObjectOf(nullptr, 1, &last, IID_IDataObject, nullptr, data.put_void());
+    return data;
+}
+
+TEST(DragDrop, SourceEndsOnEscapeAndOnReleasingEitherButton) {
+    win::ComPtr<CIDropSource> source;
+    *source.put() = new CIDropSource();
+    EXPECT_EQ(source->QueryContinueDrag(TRUE, MK_LBUTTON), DRAGDROP_S_CANCEL);
+    EXPECT_EQ(source->QueryContinueDrag(FALSE, MK_RBUTTON), S_OK) << "a right-button drag goes on";
+    EXPECT_FALSE(source->Dropped());
+    EXPECT_EQ(source->QueryContinueDrag(FALSE, 0), DRAGDROP_S_DROP) << "releasing the right button drops";
+    EXPECT_TRUE(source->Dropped());
+    EXPECT_EQ(source->GiveFeedback(DROPEFFECT_MOVE), DRAGDROP_S_USEDEFAULTCURSORS);
+}
+
+TEST(DragDrop, AnInternetShortcutDropsItsAddress) {
+    TempFolder folder;
+    WriteBytes(folder / L"site.url", "[InternetShortcut]\r\nURL=https://example.org/tessel\r\n");
+    WriteBytes(folder / L"plain.txt", "x");
+    win::ComPtr<IDataObject> url = DataOf(folder / L"site.url");
+    ASSERT_TRUE(url);
+    EXPECT_EQ(CIDropTargetPlus::DropTextOf(url.get()), L"https://example.org/tessel");
+    EXPECT_EQ(LowerCase(CIDropTargetPlus::DropTextOf(DataOf(folder / L"plain.txt").get())),
+              LowerCase(folder / L"plain.txt"));
+    EXPECT_EQ(CIDropTargetPlus::DropTextOf(nullptr), L"");
+}
+
+TEST(DragDrop, FoldersOpenTabsAndTabsMoveBetweenViews) {
+    ViewHost host(2);
+    TempFolder a, b, c;
+    ASSERT_TRUE(host.Panel(0).NavigateToText(a.path()));
+    ASSERT_TRUE(host.Panel(1).NavigateToText(b.path()));
+    CCBrowserTabView& left = host.Panel(0).Tabs();
+    CCBrowserTabView& right = host.Panel(1).Tabs();
+
+    // A folder from elsewhere dropped on the strip opens there; a file does not.
+    win::ComPtr<IDataObject> folder = DataOf(c.path());
+    DWORD effect = DROPEFFECT_COPY;
+    left.Control().Drop(folder.get(), 0, {0, 0}, &effect);
+    EXPECT_EQ(left.Count(), 2);
+    EXPECT_EQ(LowerCase(host.Panel(0).Active()->CurrentPath()), LowerCase(c.path()));
+    WriteBytes(c / L"file.txt", "x");
+    left.Control().Drop(DataOf(c / L"file.txt").get(), 0, {0, 0}, &effect);
+    EXPECT_EQ(left.Count(), 2);
+
+    // The tab of c moves to the other T-View's strip, in front of its first tab.
+    CCBrowserTabCtrl::BeginTabDrag(left, 1, false);
+    right.Control().DropTab(0, false);
+    CCBrowserTabCtrl::EndTabDrag();
+    EXPECT_EQ(left.Count(), 1);
+    ASSERT_EQ(right.Count(), 2);
+    EXPECT_EQ(right.Selected(), 0);
+    EXPECT_EQ(LowerCase(host.Panel(1).Active()->CurrentPath()), LowerCase(c.path()));
+
+    // Copied (the right-button menu's second command): both keep it; the last tab never leaves.
+    CCBrowserTabCtrl::BeginTabDrag(left, 0, true);
+    right.Control().DropTab(2, true);
+    CCBrowserTabCtrl::EndTabDrag();
+    EXPECT_EQ(left.Count(), 1);
+    EXPECT_EQ(right.Count(), 3);
+    CCBrowserTabCtrl::BeginTabDrag(left, 0, false);
+    right.Control().DropTab(0, false);
+    CCBrowserTabCtrl::EndTabDrag();
+    EXPECT_EQ(left.Count(), 1) << "the last tab of a T-View stays";
+    EXPECT_FALSE(CCBrowserTabCtrl::TabDragActive());
+}
+
+}  // namespace
+}  // namespace tessel::testing
