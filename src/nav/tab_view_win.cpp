@@ -10,6 +10,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "nav/tab_ctrl_win.h"
+#include "res/resource.h"
 #include "nav/tab_label.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
@@ -19,7 +20,8 @@ namespace tessel {
 namespace {
 
 constexpr int kLabelBuffer = 260;
-enum TabCommand { kClose = 1, kRefresh, kDuplicate, kNewHere, kNewComputer };
+enum TabCommand { kClose = 1, kRefresh, kDuplicate, kNewHere, kNewComputer, kWidthUncut = 50, kWidthFirst = 60 };
+constexpr int kWidthLast = 300;
 constexpr UINT kFirstShellId = 100;
 std::vector<CCBrowserTabView*> g_strips;  // every strip of the program, for RelayoutAll
 
@@ -208,6 +210,7 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
     AppendMenuW(menu.get(), MF_STRING, kDuplicate, GetText(51208).c_str());
     AppendMenuW(menu.get(), MF_STRING, kNewHere, GetText(20004).c_str());
     AppendMenuW(menu.get(), MF_STRING, kNewComputer, GetText(51207).c_str());
+    AppendWidthMenu(menu.get());
     TabRecord* record = Record(index >= 0 ? index : Selected());
     win::ComPtr<IContextMenu> shellMenu;
     if (Options().tab_use_context_menu && record && record->folder) {
@@ -242,8 +245,38 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
         break;
     default:
         if (command >= kFirstShellId && shellMenu && shown_) shown_->RunMenuCommand(shellMenu.get(), command - kFirstShellId);
+        else if (command == kWidthUncut || (command >= kWidthFirst && command <= kWidthLast)) SetLabelWidth(static_cast<int>(command));
         break;
     }
+}
+
+// Widths 60 (string 137), then 70 to 300 in steps of 10, and labels that are never cut.
+void CCBrowserTabView::AppendWidthMenu(HMENU menu) {
+    HMENU widths = CreatePopupMenu();
+    const bool cut = Options().tab_width_mode == 1;
+    for (int width = kWidthFirst; width <= kWidthLast; width += 10) {
+        const UINT checked = cut && ClampTabMaxWidth(Options().tab_max_width) == width ? MF_CHECKED : 0;
+        AppendMenuW(widths, MF_STRING | checked, width, width == kWidthFirst ? GetText(137).c_str() : std::to_wstring(width).c_str());
+    }
+    AppendMenuW(widths, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(widths, MF_STRING | (cut ? 0 : MF_CHECKED), kWidthUncut, GetText(IDS_TAB_WIDTH_UNCUT).c_str());
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(widths), GetText(IDS_TAB_WIDTH).c_str());  // owned by menu
+}
+
+void CCBrowserTabView::SetLabelWidth(int command) {
+    if (command == kWidthUncut) {
+        Options().tab_width_mode = 0;
+    } else {
+        Options().tab_width_mode = 1;
+        Options().tab_max_width = ClampTabMaxWidth(command);
+        WriteOption(Settings(), L"tab_max_width", Options().tab_max_width);
+    }
+    WriteOption(Settings(), L"tab_width_mode", Options().tab_width_mode);
+    for (CCBrowserTabView* strip : g_strips)
+        for (int i = 0; i < strip->Count(); ++i)
+            if (TabRecord* record = strip->Record(i)) strip->SetLabel(i, record->folder.get());
+    RelayoutAll();
 }
 
 bool CCBrowserTabView::OnNotify(NMHDR* header) {

@@ -63,11 +63,14 @@ public:
     // WM_NOTIFY from the strip; true when handled.
     bool OnNotify(NMHDR* header);
     static void RelayoutAll();  // every strip of the program, after show_tabs changed
+    // A command of the width menu: 60..300 cuts labels to that width, 50 leaves them whole.
+    void SetLabelWidth(int command);
     CCBrowserTabCtrl& Control() { return *control_.get(); }
 
 private:
     static LRESULT CALLBACK StripProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     void SetLabel(int index, PCIDLIST_ABSOLUTE folder);
+    void AppendWidthMenu(HMENU menu);
     int TabAt(POINT client) const;
 
     ITabOwner& owner_;

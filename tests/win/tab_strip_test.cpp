@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "core/general_options.h"
+#include "core/settings_store_win.h"
 #include "view_host_win.h"
 #include "win/shell_item_win.h"
 
@@ -81,8 +82,18 @@ TEST(TabStrip, DuplicateMoveCycleAndCutLabels) {
     EXPECT_EQ(tabs.Selected(), 0) << "round to the first";
     panel.NextTab(-1);
     EXPECT_EQ(tabs.Selected(), 1);
+
+    // The width menu: a wider limit shows the whole name; "never shorten" too; both are kept.
+    tabs.SetLabelWidth(300);
+    EXPECT_GT(Label(tabs, 0).size(), cut.size());
+    EXPECT_EQ(Settings().GetInt(L"Start", L"tab_max_width", 0), 300);
+    Options().tab_max_width = 999;  // as if edited by hand
+    tabs.SetLabelWidth(50);
+    EXPECT_EQ(Label(tabs, 0), std::wstring(120, L'n'));
+    EXPECT_EQ(Settings().GetInt(L"Start", L"tab_width_mode", 1), 0);
     Options().show_tabs = 2;
     Options().tab_max_width = 120;
+    Options().tab_width_mode = 1;
 }
 
 }  // namespace
