@@ -21,6 +21,10 @@
 #define ID_FOCUS_VIEW_1 32791
 #define ID_FOCUS_VIEW_4 32794
 #define IDC_LAYOUT_TOOLBAR 59392
+// The frame-wide folder tree: tree_mode 0, 1, 2.
+#define ID_TREE_MODE_0 32885
+#define ID_TREE_MODE_2 32887
+#define IDC_FRAME_TREE 4566
 // Tabs of the T-View in use: Ctrl+T, Ctrl+W, Ctrl+Tab, Ctrl+Shift+Tab.
 #define ID_TAB_NEW 32795
 #define ID_TAB_CLOSE 32796

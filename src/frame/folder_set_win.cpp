@@ -184,7 +184,7 @@ void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
         layout_.splitters[i].pixel = -1;
     }
     layoutExtras_ = set.layout;
-    treeMode_ = set.layout.treeMode;
+    if (set.layout.treeMode != treeMode_) SetTreeMode(set.layout.treeMode);
     if (set.viewMode >= 0 && set.viewMode < kLayoutCount) SetLayout(set.viewMode, false);
     else Layout();
     FocusView(set.layout.focus);

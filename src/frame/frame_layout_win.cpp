@@ -15,6 +15,7 @@ namespace {
 
 RECT ToRect(const RectI& r) { return {r.left, r.top, r.right, r.bottom}; }
 bool IsEmpty(const RectI& r) { return r.right <= r.left || r.bottom <= r.top; }
+constexpr int kTreeBar = 3;  // after the three splitters of the views
 
 }  // namespace
 
@@ -43,6 +44,14 @@ void CMainFrame::SetLayout(int layout, bool fromButton) {
     if (!layout_.visible[focusedView_ - 1]) FocusView(1);
 }
 
+void CMainFrame::SetTreeMode(int mode) {
+    if (mode < 0 || mode > 2) mode = 0;
+    treeMode_ = mode;
+    sharedTree_ = mode == 2;
+    for (auto& panel : panels_) panel->ReloadTreeState();  // each T-View looks at its own tree again
+    Layout();
+}
+
 void CMainFrame::FocusView(int number) {
     if (number < 1 || number > kViewCount || !panels_[number - 1] || !layout_.visible[number - 1]) return;
     focusedView_ = number;
@@ -67,6 +76,18 @@ void CMainFrame::Layout() {
         int parts[4] = {width / 2, width * 5 / 8, width * 3 / 4, -1};
         SendMessageW(statusBar_, SB_SETPARTS, 4, reinterpret_cast<LPARAM>(parts));
     }
+    // The frame-wide tree takes the left part at its splitter position (SPT).
+    treeBar_ = treeArea_ = {};
+    const bool tree = treeMode_ == 1 && frameTree_.hwnd();
+    if (frameTree_.hwnd()) ShowWindow(frameTree_.hwnd(), tree ? SW_SHOWNA : SW_HIDE);
+    if (tree) {
+        treeArea_ = {client.left, client.top, client.right, client.bottom};
+        const int width = PixelFromPosition(ValidPosition(layoutExtras_.treeSplitter, 2000), client.right - client.left);
+        SetWindowPos(frameTree_.hwnd(), nullptr, client.left, client.top, width, client.bottom - client.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+        treeBar_ = {client.left + width, client.top, client.left + width + BarWidth(), client.bottom};
+        client.left = treeBar_.right;
+    }
     arranged_ = Arrange(layout_, {client.left, client.top, client.right, client.bottom}, BarWidth());
     HDWP batch = BeginDeferWindowPos(kViewCount);
     for (int i = 0; i < kViewCount && batch; ++i) {
@@ -80,6 +101,8 @@ void CMainFrame::Layout() {
 }
 
 int CMainFrame::BarAt(POINT point) const {
+    RECT tree = ToRect(treeBar_);
+    if (!IsEmpty(treeBar_) && PtInRect(&tree, point)) return kTreeBar;
     for (int i = 0; i < 3; ++i) {
         RECT bar = ToRect(arranged_.bars[i]);
         if (!IsEmpty(arranged_.bars[i]) && PtInRect(&bar, point)) return i;
@@ -93,7 +116,8 @@ bool CMainFrame::OnSetCursor() {
     ScreenToClient(hwnd(), &point);
     const int bar = draggedBar_ >= 0 ? draggedBar_ : BarAt(point);
     if (bar < 0) return false;
-    SetCursor(LoadCursorW(nullptr, layout_.splitters[bar].vertical ? IDC_SIZEWE : IDC_SIZENS));
+    const bool vertical = bar == kTreeBar || layout_.splitters[bar].vertical;
+    SetCursor(LoadCursorW(nullptr, vertical ? IDC_SIZEWE : IDC_SIZENS));
     return true;
 }
 
@@ -104,6 +128,13 @@ void CMainFrame::StartBarDrag(LPARAM lParam) {
 
 void CMainFrame::DragBar(LPARAM lParam) {
     if (draggedBar_ < 0) return;
+    if (draggedBar_ == kTreeBar) {
+        const int width = treeArea_.right - treeArea_.left;
+        layoutExtras_.treeSplitter = PositionFromPixel(GET_X_LPARAM(lParam) - treeArea_.left - BarWidth() / 2, width);
+        Layout();
+        UpdateWindow(hwnd());
+        return;
+    }
     const RectI& area = arranged_.areas[draggedBar_];
     const bool vertical = layout_.splitters[draggedBar_].vertical;
     const int pixel = vertical ? GET_X_LPARAM(lParam) - area.left : GET_Y_LPARAM(lParam) - area.top;
@@ -119,6 +150,7 @@ void CMainFrame::EndBarDrag() {
 }
 
 LRESULT CMainFrame::OnNotify(NMHDR* header) {
+    if (frameTree_.OnNotify(header)) return 0;
     if (header->code == TTN_GETDISPINFOW && IsLayoutCommand(static_cast<int>(header->idFrom))) {
         static std::wstring tip;  // read by the tooltip right after this message
         tip = GetText(static_cast<int>(header->idFrom));

@@ -9,6 +9,7 @@
 #include "core/settings_store_win.h"
 #include "frame/help_win.h"
 #include "res/resource.h"
+#include "win/shell_item_win.h"
 
 namespace tessel {
 namespace {
@@ -82,8 +83,16 @@ bool CMainFrame::OnCreate() {
         panels_[i] = std::make_unique<CPloder>(i);
         if (!panels_[i]->Create(hwnd())) return false;
     }
+    HWND tree = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"",
+                                WS_CHILD | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS, 0, 0, 0, 0,
+                                hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(IDC_FRAME_TREE)),
+                                GetModuleHandleW(nullptr), nullptr);
+    frameTree_.Attach(tree, [this](PCIDLIST_ABSOLUTE folder) {
+        panels_[focusedView_ - 1]->NavigateTo(win::ClonePidl(folder));  // the T-View in use
+    });
     ApplyDesignMode();
     SetLayout(layout_.layout, false);
+    SetTreeMode(Settings().GetInt(L"Start", L"tree_mode", 0));
     ShowStatusBar(Options().StatusBar != 0);
     ApplyCommandLine();
     return true;
@@ -103,8 +112,7 @@ void CMainFrame::ApplyCommandLine() {
     for (int i = 0; i < kViewCount; ++i)
         if (!plan.viewPaths[i].empty()) panels_[i]->NavigateToText(plan.viewPaths[i]);
     FillEmptyViews();
-    if (Options().Als != kStartModeLastState)
-        treeMode_ = Settings().GetInt(L"Start", L"tree_mode", treeMode_);  // the tree pane comes with the layouts
+
 }
 
 void CMainFrame::FillEmptyViews() {
@@ -147,6 +155,7 @@ void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuRadioItem(menu, ID_LAYOUT_FIRST, ID_LAYOUT_LAST, kFirstLayoutCommand + layout_.layout, MF_BYCOMMAND);
+    CheckMenuRadioItem(menu, ID_TREE_MODE_0, ID_TREE_MODE_2, ID_TREE_MODE_0 + treeMode_, MF_BYCOMMAND);
     const bool german = LanguageCode(Options().m_lang_id) == std::wstring(L"DE");
     CheckMenuRadioItem(menu, ID_LANGUAGE_GERMAN, ID_LANGUAGE_ENGLISH,
                        german ? ID_LANGUAGE_GERMAN : ID_LANGUAGE_ENGLISH, MF_BYCOMMAND);
@@ -207,6 +216,10 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
         else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);
+        else if (id >= ID_TREE_MODE_0 && id <= ID_TREE_MODE_2) {
+            SetTreeMode(id - ID_TREE_MODE_0);
+            Settings().PutInt(L"Start", L"tree_mode", treeMode_);
+        }
         break;
     }
 }
@@ -290,6 +303,9 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED: EndBarDrag(); return 0;
     case WM_NOTIFY: return OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case kMsgViewFocused:
+        if (wParam < kViewCount) focusedView_ = static_cast<int>(wParam) + 1;
+        return 0;
     case WM_DESTROY:
         for (auto& panel : panels_)
             if (panel) DestroyWindow(panel->hwnd());

@@ -10,6 +10,7 @@
 #include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
 #include "frame/view_layout.h"
+#include "nav/folder_tree_win.h"
 #include "frame/last_state.h"
 #include "frame/parking_win.h"
 #include "view/view_panel_win.h"
@@ -68,6 +69,10 @@ private:
     void ShowAbout();
     void OpenFolderSetDialog();
     void TabCommand(int id);
+    // 0: no frame-wide tree, 1: the tree beside the T-Views, 2: none, with the shared-tree flag.
+    void SetTreeMode(int mode);
+    int TreeMode() const { return treeMode_; }
+    HWND FrameTree() const { return frameTree_.hwnd(); }
     void SaveFolderSetDialog();
     void StartFurtherInstance();
 
@@ -91,6 +96,10 @@ private:
     int designMode_ = 0;
     int focusedView_ = 1;
     LayoutBlock layoutExtras_;  // tree and preview values kept for the next folder set
+    CShellTree2 frameTree_;
+    RectI treeBar_{};  // the bar between the frame-wide tree and the T-Views
+    RectI treeArea_{};
+    bool sharedTree_ = false;
     HACCEL accelerators_ = nullptr;
     LastStateSaver lastState_;
     TrayIcon tray_;

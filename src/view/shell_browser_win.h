@@ -29,6 +29,7 @@ public:
     virtual void BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) = 0;
     virtual void ShowBackgroundMenu(POINT screenPoint) = 0;
     virtual void ToggleFilterBox() = 0;
+    virtual void BrowserFocused(CMyShellBrowser& browser) = 0;  // its list took the keyboard focus
     virtual int ViewNumber() const = 0;  // counted from 0
 };
 

@@ -40,7 +40,7 @@ LRESULT CALLBACK CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wPara
         return 0;
     case WM_SETFOCUS: {
         const LRESULT result = DefSubclassProc(list, message, wParam, lParam);
-        self->owner_.BrowserFreeSpace(*self, self->freeSpaceText_);  // this T-View is now the one in use
+        self->owner_.BrowserFocused(*self);  // this T-View is now the one in use
         return result;
     }
     case WM_KEYDOWN:

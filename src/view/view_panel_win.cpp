@@ -81,6 +81,7 @@ bool CPloder::OnCreate() {
                        kStatusBarId);
     toolbars_.Create(hwnd(), statusBar_);
     tabs_ = std::make_unique<CCBrowserTabView>(*this, hwnd());
+    folderTree_.Attach(tree_, [this](PCIDLIST_ABSOLUTE folder) { NavigateTo(win::ClonePidl(folder)); });
     HFONT font = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     for (HWND child : {filterBox_, location_, filterLabel_})
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
@@ -243,6 +244,16 @@ void CPloder::ShowBackgroundMenu(POINT screen) {
     if (modes) ShowWindow(modes, SW_SHOW);
 }
 
+void CPloder::BrowserFocused(CMyShellBrowser& browser) {
+    BrowserFreeSpace(browser, browser.FreeSpaceText());
+    PostMessageW(GetParent(hwnd()), kMsgViewFocused, viewIndex_, 0);
+}
+
+void CPloder::ReloadTreeState() {
+    showTree_ = Settings().GetInt(sectionName_, L"show_tree", showTree_);
+    Layout();
+}
+
 void CPloder::ToggleFilterBox() {
     filter_.show_filter = filter_.show_filter ? 0 : 1;
     Settings().PutInt(sectionName_, L"show_filter", filter_.show_filter);
@@ -296,6 +307,7 @@ void CPloder::Layout() {
 
 LRESULT CPloder::OnNotify(NMHDR* header) {
     if (tabs_ && tabs_->OnNotify(header)) return 0;
+    if (folderTree_.OnNotify(header)) return 0;
     if (header->code == TTN_GETDISPINFOW) {
         auto* info = reinterpret_cast<NMTTDISPINFOW*>(header);
         static std::wstring tip;  // the tooltip reads it right after this message

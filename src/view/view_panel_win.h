@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "nav/folder_tree_win.h"
 #include "nav/tab_view_win.h"
 #include "view/browser_slots.h"
 #include "view/shell_browser_win.h"
@@ -68,6 +69,10 @@ public:
     // The shell's menu of the folder's background with the T-View's title item at the end.
     win::UniqueMenu BuildBackgroundMenu(win::ComPtr<IContextMenu>& menu);
     void ToggleFilterBox() override;
+    void BrowserFocused(CMyShellBrowser& browser) override;
+    // Reads "show_tree" again (the frame's tree mode changed) and lays the panel out.
+    void ReloadTreeState();
+    CShellTree2& FolderTree() { return folderTree_; }
 
     // ITabOwner
     CMyShellBrowser* CreateTabBrowser(const TabRecord& tab) override;
@@ -102,6 +107,10 @@ private:
     HWND statusBar_ = nullptr;
     ViewToolbars toolbars_;
     std::unique_ptr<CCBrowserTabView> tabs_;
+    CShellTree2 folderTree_;
 };
+
+// Sent to the main frame when a T-View takes the keyboard focus; wParam is its index from 0.
+inline constexpr UINT kMsgViewFocused = WM_APP + 0x130;
 
 }  // namespace tessel

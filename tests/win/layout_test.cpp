@@ -1,5 +1,6 @@
 // The twelve layouts and the T-View focus keys, in the real program.
 #include <windows.h>
+#include <commctrl.h>
 
 #include <gtest/gtest.h>
 
@@ -77,6 +78,33 @@ TEST_F(Layouts, KeysReachLayoutsAndViews) {
     GetGUIThreadInfo(GetWindowThreadProcessId(tessel.Frame(), nullptr), &gui);
     EXPECT_TRUE(gui.hwndFocus && IsChild(View(tessel, 3), gui.hwndFocus)) << "Ctrl+3 puts the focus into T-View 3";
     EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
+}  // namespace
+}  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+TEST_F(Layouts, TreeModeOneShowsTheFrameWideTreeBesideTheViews) {
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    HWND tree = GetDlgItem(tessel.Frame(), IDC_FRAME_TREE);
+    ASSERT_NE(tree, nullptr);
+    EXPECT_FALSE(IsWindowVisible(tree)) << "tree_mode 0";
+    const RECT before = Place(tessel, 1);
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_TREE_MODE_0 + 1, 0);
+    EXPECT_TRUE(IsWindowVisible(tree));
+    RECT treeRect;
+    GetWindowRect(tree, &treeRect);
+    EXPECT_LE(treeRect.right, Place(tessel, 1).left);
+    EXPECT_LT(Place(tessel, 1).right - Place(tessel, 1).left, before.right - before.left);
+    EXPECT_GT(TreeView_GetCount(tree), 1u) << "the desktop and its folders";
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_TREE_MODE_2, 0);
+    EXPECT_FALSE(IsWindowVisible(tree));
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    EXPECT_NE(ReadBytes(folder_ / L"Tessel.ini").find(std::string("t\0r\0e\0e\0_\0m\0o\0d\0e\0=\0002", 21)),
+              std::string::npos) << "the mode is kept";
 }
 
 }  // namespace
