@@ -81,6 +81,7 @@ void CMainFrame::Layout() {
     const bool tree = treeMode_ == 1 && frameTree_.hwnd();
     if (frameTree_.hwnd()) ShowWindow(frameTree_.hwnd(), tree ? SW_SHOWNA : SW_HIDE);
     if (tree) {
+        frameTree_.EnsureFilled();
         treeArea_ = {client.left, client.top, client.right, client.bottom};
         const int width = PixelFromPosition(ValidPosition(layoutExtras_.treeSplitter, 2000), client.right - client.left);
         SetWindowPos(frameTree_.hwnd(), nullptr, client.left, client.top, width, client.bottom - client.top,

@@ -23,6 +23,10 @@ void CShellTree2::Attach(HWND tree, Chosen chosen) {
     auto icons = reinterpret_cast<HIMAGELIST>(
         SHGetFileInfoW(L"C:\\", 0, &info, sizeof(info), SHGFI_SYSICONINDEX | SHGFI_SMALLICON));
     TreeView_SetImageList(tree_, icons, TVSIL_NORMAL);  // the system's list: not ours to free
+}
+
+void CShellTree2::EnsureFilled() {
+    if (!tree_ || TreeView_GetRoot(tree_)) return;
     PIDLIST_ABSOLUTE desktop = nullptr;
     if (SUCCEEDED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) {
         HTREEITEM root = Add(TVI_ROOT, desktop);

@@ -16,8 +16,10 @@ public:
     CShellTree2(const CShellTree2&) = delete;
     CShellTree2& operator=(const CShellTree2&) = delete;
 
-    // Fills the tree control (made by the owner) with the desktop and its folders.
+    // Takes the tree control (made by the owner); it is filled when first shown.
     void Attach(HWND tree, Chosen chosen);
+    // The desktop and its folders, read the first time the tree is shown.
+    void EnsureFilled();
     // WM_NOTIFY from the tree; true when it was the tree's.
     bool OnNotify(NMHDR* header);
     HWND hwnd() const { return tree_; }

@@ -2,12 +2,12 @@
 // and carry the view settings, columns and selection across.
 #include <windows.h>
 #include <commctrl.h>
-#include <mmsystem.h>
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "res/resource.h"
+#include "view/click_sound_win.h"
 #include "view/location_text.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
@@ -27,11 +27,6 @@ UINT AdjustViewFlags(UINT flags) {
     if (Options().noenumrefresh) flags |= FWF_NOENUMREFRESH; else flags &= ~FWF_NOENUMREFRESH;
     if (Options().header_in_all_views) flags &= ~FWF_NOHEADERINALLVIEWS; else flags |= FWF_NOHEADERINALLVIEWS;
     return flags;
-}
-
-// The click is asynchronous and played from the program's own resource.
-void PlayClick() {
-    PlaySoundW(MAKEINTRESOURCEW(IDR_CLICK_SOUND), GetModuleHandleW(nullptr), SND_RESOURCE | SND_ASYNC | SND_NODEFAULT);
 }
 
 }  // namespace
@@ -100,7 +95,7 @@ void CMyShellBrowser::RecordOutgoingState() {
         GetWindowTextW(filterBox_, text, kFilterTextLimit + 1);
         outgoing_.filterText = text;
     }
-    if (Options().audio_click && !suppressClick_) PlayClick();
+    if (Options().audio_click && !suppressClick_) PlayNavigationClick();
 }
 
 FOLDERSETTINGS CMyShellBrowser::NextFolderSettings() const {

@@ -295,6 +295,7 @@ void CPloder::Layout() {
     ShowWindow(tree_, showTree_ == 1 ? SW_SHOW : SW_HIDE);
     ShowWindow(treeEdge_, showTree_ == 1 ? SW_SHOW : SW_HIDE);
     if (showTree_ == 1) {
+        folderTree_.EnsureFilled();
         const int treeWidth = std::max<int>(win::Scaled(hwnd(), 120), client.right * 3 / 10);
         SetWindowPos(tree_, nullptr, 0, top, treeWidth, bottom - top, SWP_NOZORDER);
         SetWindowPos(treeEdge_, nullptr, treeWidth, top, pad, bottom - top, SWP_NOZORDER);

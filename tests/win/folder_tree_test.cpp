@@ -15,6 +15,8 @@ TEST(FolderTree, OpensLevelsLazilyAndOnlyTheUsersChoiceNavigates) {
     CPloder& panel = host.Panel();
     ASSERT_TRUE(panel.NavigateToText(a.path()));
     HWND tree = panel.FolderTree().hwnd();
+    EXPECT_EQ(TreeView_GetRoot(tree), nullptr) << "a hidden tree reads nothing";
+    panel.FolderTree().EnsureFilled();
     HTREEITEM root = TreeView_GetRoot(tree);
     ASSERT_NE(root, nullptr);
     EXPECT_GT(panel.FolderTree().ChildCount(root), 0) << "the desktop's folders are read at once";
