@@ -241,7 +241,7 @@ void CPloder::ShowBackgroundMenu(POINT screen) {
     const UINT id = TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, hwnd(), nullptr);
     if (id >= kFirstMenuId && id <= kLastMenuId && active_) active_->RunMenuCommand(menu.get(), id - kFirstMenuId);
     SendMessageW(statusBar_, SB_SIMPLE, FALSE, 0);
-    if (modes) ShowWindow(modes, SW_SHOW);
+    Layout();  // the mode toolbar comes back where there is room for it
 }
 
 void CPloder::BrowserFocused(CMyShellBrowser& browser) {
@@ -269,7 +269,7 @@ void CPloder::Layout() {
     const int barHeight = toolbars_.Height() + win::Scaled(hwnd(), 4);
     SendMessageW(statusBar_, SB_SETMINHEIGHT, barHeight, 0);
     SetWindowPos(statusBar_, nullptr, 0, client.bottom - barHeight, client.right, barHeight, SWP_NOZORDER);
-    const int toolbarWidth = toolbars_.Place(statusBar_);
+    const int toolbarWidth = toolbars_.Place(statusBar_, win::Scaled(hwnd(), 90));
     int parts[2] = {client.right - toolbarWidth > 0 ? client.right - toolbarWidth : 0, -1};
     SendMessageW(statusBar_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
     int top = 0;

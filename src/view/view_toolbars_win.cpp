@@ -82,8 +82,6 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
     }
     for (HWND bar : bars_)
         if (bar) SendMessageW(bar, TB_AUTOSIZE, 0, 0);
-    if (bars_[0]) ShowWindow(bars_[0], SW_SHOW);
-    if (bars_[2]) ShowWindow(bars_[2], SW_SHOW);  // the extra toolbar starts hidden
 }
 
 int ViewToolbars::Height() const {
@@ -91,18 +89,30 @@ int ViewToolbars::Height() const {
     return HIWORD(size);
 }
 
-int ViewToolbars::Place(HWND statusBar) {
+int ViewToolbars::Place(HWND statusBar, int textWidth) {
     RECT bar;
     GetClientRect(statusBar, &bar);
+    SIZE sizes[3] = {};
+    int total = 0;
+    bool shown[3] = {};
+    for (int i = 0; i < 3; ++i) {
+        if (!bars_[i] || !wanted_[i]) continue;
+        SendMessageW(bars_[i], TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&sizes[i]));
+        shown[i] = true;
+        total += sizes[i].cx;
+    }
+    if (shown[2] && bar.right - 2 - total < textWidth) {  // the main toolbar always stays
+        shown[2] = false;
+        total -= sizes[2].cx;
+    }
     int right = bar.right - 2;
     for (int i = 2; i >= 0; --i) {
-        HWND toolbar = bars_[i];
-        if (!toolbar || !(GetWindowLongW(toolbar, GWL_STYLE) & WS_VISIBLE)) continue;
-        SIZE size{};
-        SendMessageW(toolbar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
-        right -= size.cx;
-        const int top = (bar.bottom - size.cy) / 2 + 1;
-        SetWindowPos(toolbar, nullptr, right, top > 0 ? top : 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+        if (!bars_[i]) continue;
+        ShowWindow(bars_[i], shown[i] ? SW_SHOWNA : SW_HIDE);
+        if (!shown[i]) continue;
+        right -= sizes[i].cx;
+        const int top = (bar.bottom - sizes[i].cy) / 2 + 1;
+        SetWindowPos(bars_[i], nullptr, right, top > 0 ? top : 0, sizes[i].cx, sizes[i].cy, SWP_NOZORDER | SWP_NOACTIVATE);
     }
     return bar.right - right;
 }

@@ -19,8 +19,10 @@ public:
     ViewToolbars& operator=(const ViewToolbars&) = delete;
 
     void Create(HWND panel, HWND statusBar);
-    // Places the visible toolbars at the right end of the status bar; returns their width.
-    int Place(HWND statusBar);
+    // Places the toolbars at the right end of the status bar and returns their width. When the
+    // status text would get less than `textWidth`, the view-mode toolbar steps aside until there
+    // is room again; the main toolbar always stays.
+    int Place(HWND statusBar, int textWidth);
     int Height() const;
     HWND View() const { return bars_[0]; }
     HWND Extra() const { return bars_[1]; }
@@ -29,6 +31,7 @@ public:
 private:
     HWND Make(HWND panel, HWND statusBar, int resourceId);
     HWND bars_[3] = {};
+    bool wanted_[3] = {true, false, true};  // the extra toolbar starts hidden
     HIMAGELIST images_[3] = {};
 };
 
