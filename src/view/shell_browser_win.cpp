@@ -162,7 +162,7 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
         OnStatusReady();
         return 0;
     case kMsgSelectionBatch:
-        return AnswerSelectionBatch(GetListControl(), view_.As<IFolderView>().get(), shownFolder_.get(), lParam);
+        return statusWorker_.AnswerSelectionBatch(GetListControl(), view_.As<IFolderView>().get(), shownFolder_.get());
     case WM_SETFOCUS:
         if (viewWindow_) SetFocus(viewWindow_);
         return 0;

@@ -41,44 +41,37 @@ bool ScanFolder(const std::wstring& folder, ListCounts& counts, std::stop_token 
 constexpr int kBatchSize = 500;
 constexpr ULONGLONG kBatchTimeMs = 8;  // the GUI thread answers one batch at most this long
 
-struct SelectionBatch {
-    std::mutex mutex;
-    int after = -1;  // list index to continue after; -1 in the answer when the selection ended
-    int last = -1;
-    uint64_t bytes = 0;
-};
+}  // namespace
 
-// Sizes of the selected entries, summed by the GUI thread batch by batch.
-uint64_t SelectedBytes(HWND owner, std::stop_token stop) {
+// Sizes of the selected entries, summed by the GUI thread batch by batch. The batch lives in
+// the worker object, so an answer that comes late or never costs nothing.
+uint64_t StatusWorker::SelectedBytes(HWND owner, std::stop_token stop) {
     uint64_t bytes = 0;
     int after = -1;
     while (!stop.stop_requested()) {
-        auto batch = std::make_shared<SelectionBatch>();
-        batch->after = after;
-        // The answer may come after a time-out; the batch lives as long as either side holds it.
-        auto* handed = new std::shared_ptr<SelectionBatch>(batch);
+        {
+            std::lock_guard lock(batchMutex_);
+            batch_ = Batch{true, after, -1, 0};
+        }
         LRESULT answered = 0;
-        if (!Ask(owner, kMsgSelectionBatch, 0, reinterpret_cast<LPARAM>(handed), answered) || !answered) break;
-        std::lock_guard lock(batch->mutex);
-        bytes += batch->bytes;
-        if (batch->last < 0) break;
-        after = batch->last;
+        if (!Ask(owner, kMsgSelectionBatch, 0, 0, answered) || !answered) break;
+        std::lock_guard lock(batchMutex_);
+        if (batch_.asked) break;  // not answered after all
+        bytes += batch_.bytes;
+        if (batch_.last < 0) break;  // the end of the selection
+        after = batch_.last;
     }
     return bytes;
 }
 
-}  // namespace
-
-LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder, LPARAM lParam) {
-    std::unique_ptr<std::shared_ptr<SelectionBatch>> handed(reinterpret_cast<std::shared_ptr<SelectionBatch>*>(lParam));
-    if (!handed || !list || !view || !folder) return 0;
-    SelectionBatch& batch = **handed;
-    std::lock_guard lock(batch.mutex);
-    int index = batch.after;
+LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder) {
+    std::lock_guard lock(batchMutex_);
+    if (!batch_.asked || !list || !view || !folder) return 0;
+    int index = batch_.after;
     const ULONGLONG start = GetTickCount64();
     for (int n = 0; n < kBatchSize && GetTickCount64() - start < kBatchTimeMs; ++n) {
         index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED));
-        batch.last = index;
+        batch_.last = index;
         if (index < 0) break;
         // The size travels in the item's identifier: no file-system access per entry.
         PITEMID_CHILD child = nullptr;
@@ -86,9 +79,10 @@ LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder,
         if (SUCCEEDED(view->Item(index, &child)) &&
             SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &data, sizeof(data))) &&
             !(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
-            batch.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+            batch_.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
         CoTaskMemFree(child);
     }
+    batch_.asked = false;
     return 1;
 }
 

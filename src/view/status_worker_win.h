@@ -24,8 +24,6 @@ struct StatusResult {
 // The worker asks the GUI thread for the sizes of selected entries in batches: one message per
 // batch instead of several per entry, and no batch holds the GUI thread for more than a few ms.
 inline constexpr UINT kMsgSelectionBatch = WM_APP + 0x121;
-// Answers kMsgSelectionBatch; the owner window's procedure calls it with its view and folder.
-LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder, LPARAM lParam);
 
 class StatusWorker {
 public:
@@ -36,13 +34,25 @@ public:
 
     bool Running() const;
     // Starts a job unless one runs; `done` gets message `doneMessage` when the result is ready.
-    // `done` also answers kMsgSelectionBatch through AnswerSelectionBatch.
+    // `done` also answers kMsgSelectionBatch by calling AnswerSelectionBatch.
     bool Start(HWND list, std::wstring folderPath, HWND done, UINT doneMessage);
     void Stop();
     StatusResult TakeResult();
+    // On the GUI thread: sums the sizes of the next selected entries the worker asked for.
+    LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder);
 
 private:
     void Work(std::stop_token stop, HWND list, std::wstring folderPath, HWND done, UINT doneMessage);
+    uint64_t SelectedBytes(HWND owner, std::stop_token stop);
+
+    struct Batch {
+        bool asked = false;
+        int after = -1;  // list index to continue after
+        int last = -1;   // the last entry counted; -1 when the selection ended
+        uint64_t bytes = 0;
+    };
+    std::mutex batchMutex_;
+    Batch batch_;
 
     mutable std::mutex mutex_;
     StatusResult result_;
