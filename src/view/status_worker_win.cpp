@@ -2,9 +2,6 @@
 
 #include <commctrl.h>
 
-#include <memory>
-#include <vector>
-
 namespace tessel {
 namespace {
 
