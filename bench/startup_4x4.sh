@@ -30,20 +30,12 @@ state() {  # the last state: layout 0, four T-Views, four tabs each, the second 
   printf 'SP0=5000\r\nSP1=5000\r\nSP2=5000\r\nFocus=1\r\n\r\n'
 }
 exe=$(winpath "$work/tessel.exe")
-times=()
-peaks=()
-for run in $(seq 0 10); do
+fresh_state() {
   printf '\xff\xfe' > "$work/Tessel.ini"  # portable, so the data folder is this one
   { printf '\xff\xfe'; state | iconv -f UTF-8 -t UTF-16LE; } > "$work/start.tsf"
-  # Into a file: a command substitution would wait for Wine's helpers holding the pipe.
-  "$WINE" "$bin/winctl.exe" launch "$exe" > "$work/launch.txt"
-  out=$(tr -d '\r' < "$work/launch.txt")
-  "$WINE" "$bin/winctl.exe" close 20000
-  [ "$run" -eq 0 ] && continue  # the first start warms the caches
-  times+=("$(sed -n 's/^window-ms: //p' <<<"$out")")
-  peaks+=("$(sed -n 's/^peak-working-set-mb: //p' <<<"$out")")
-done
-median() { printf '%s\n' "$@" | sort -n | awk '{a[NR]=$1} END {print (NR%2 ? a[(NR+1)/2] : (a[NR/2]+a[NR/2+1])/2)}'; }
+}
+. "$here/scripts/bench-launch.sh"
+launch_runs "$exe" peak-working-set-mb fresh_state
 echo "Start with 4 T-Views x 4 tabs to main window, 10 runs (ms): ${times[*]}"
 echo "startup-4x4-ms: $(median "${times[@]}")"
-echo "startup-peak-working-set-mb: $(median "${peaks[@]}")"
+echo "startup-peak-working-set-mb: $(median "${memory[@]}")"

@@ -20,8 +20,7 @@ constexpr DWORD kFolderSetSizeLimit = 32u << 20;  // larger files are not folder
 
 TabState TabOf(CMyShellBrowser& browser) {
     TabState tab;
-    tab.folder = win::FileSystemPathOf(browser.Current());
-    if (tab.folder.empty()) tab.folder = win::ParsingNameOf(browser.Current());
+    tab.folder = win::FolderTextOf(browser.Current());
     if (!browser.View()) return tab;
     const FOLDERSETTINGS settings = browser.CurrentSettings();
     tab.viewMode = std::to_wstring(settings.ViewMode);
@@ -69,8 +68,7 @@ int NumberOr(const std::wstring& text, int fallback) { return text.empty() ? fal
 TabState TabOf(const TabRecord& record) {
     if (record.browser && record.browser->Current()) return TabOf(*record.browser);
     TabState tab;
-    tab.folder = win::FileSystemPathOf(record.folder.get());
-    if (tab.folder.empty()) tab.folder = win::ParsingNameOf(record.folder.get());
+    tab.folder = win::FolderTextOf(record.folder.get());
     if (record.hasSettings) {
         tab.viewMode = std::to_wstring(record.settings.ViewMode);
         tab.viewModeFlags = std::to_wstring(record.settings.fFlags);
@@ -104,12 +102,7 @@ void RestoreTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int s
             keptUsed = true;
             TabRecord record;
             GiveSettings(*tabs[i], record);
-            if (CMyShellBrowser* browser = panel.Active()) {
-                std::vector<uint8_t> bytes;
-                if (!record.columnKey.empty() && DecodeColumnValue(record.columnValue, bytes))
-                    browser->Columns().Replace(record.columnKey) = std::move(bytes);
-                if (record.hasSettings) browser->SetOneShotSettings(record.settings);
-            }
+            if (CMyShellBrowser* browser = panel.Active()) ApplyTabSettings(record, *browser);
             panel.NavigateTo(std::move(folder));
         } else {
             index = strip.InsertTab(std::move(folder));

@@ -198,9 +198,7 @@ void CCBrowserTabCtrl::DropTab(int target, bool copy) {
     }
     TabRecord* record = source->Record(from);
     if (!record) return;
-    PCIDLIST_ABSOLUTE folder = record->browser && record->browser->Current() ? record->browser->Current()
-                                                                             : record->folder.get();
-    view_->Select(view_->InsertTab(win::ClonePidl(folder), std::to_wstring(target)));
+    view_->Select(view_->InsertTab(win::ClonePidl(CurrentFolderOf(*record)), std::to_wstring(target)));
     if (!copy) source->CloseTab(from);  // the last tab of a T-View stays where it is
 }
 

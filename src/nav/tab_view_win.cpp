@@ -12,6 +12,7 @@
 #include "nav/tab_ctrl_win.h"
 #include "res/resource.h"
 #include "nav/tab_label.h"
+#include "view/column_memory.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
 #include "win/window_win.h"
@@ -41,6 +42,17 @@ private:
 };
 
 }  // namespace
+
+PCIDLIST_ABSOLUTE CurrentFolderOf(const TabRecord& tab) {
+    return tab.browser && tab.browser->Current() ? tab.browser->Current() : tab.folder.get();
+}
+
+void ApplyTabSettings(const TabRecord& tab, CMyShellBrowser& browser) {
+    std::vector<uint8_t> bytes;
+    if (!tab.columnKey.empty() && DecodeColumnValue(tab.columnValue, bytes))
+        browser.Columns().Replace(tab.columnKey) = std::move(bytes);
+    if (tab.hasSettings) browser.SetOneShotSettings(tab.settings);
+}
 
 CCBrowserTabView::CCBrowserTabView(ITabOwner& owner, HWND panel) : owner_(owner) {
     strip_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_CLIPSIBLINGS | TCS_FOCUSNEVER | TCS_TOOLTIPS, 0, 0,
@@ -161,9 +173,7 @@ bool CCBrowserTabView::CloseTab(int index) {
 int CCBrowserTabView::DuplicateTab(int index, int target) {
     TabRecord* record = Record(index);
     if (!record) return -1;
-    PCIDLIST_ABSOLUTE folder = record->browser && record->browser->Current() ? record->browser->Current()
-                                                                             : record->folder.get();
-    const int copy = InsertTab(win::ClonePidl(folder), std::to_wstring(index + 1));
+    const int copy = InsertTab(win::ClonePidl(CurrentFolderOf(*record)), std::to_wstring(index + 1));
     Select(copy);
     if (target != -1) MoveTab(copy, target);
     return copy;

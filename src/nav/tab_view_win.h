@@ -39,6 +39,12 @@ struct TabRecord {
     std::wstring columnKey, columnValue;
 };
 
+// The folder a tab shows now: its browser view's, or the one it was opened on.
+PCIDLIST_ABSOLUTE CurrentFolderOf(const TabRecord& tab);
+// Hands the view settings and columns a folder set gave the tab to the browser view that will
+// show it, before it navigates.
+void ApplyTabSettings(const TabRecord& tab, CMyShellBrowser& browser);
+
 class CCBrowserTabView {
 public:
     CCBrowserTabView(ITabOwner& owner, HWND panel);

@@ -72,9 +72,12 @@ bool DecodeColumnValue(std::wstring_view text, std::vector<uint8_t>& bytes) {
     return true;
 }
 
+bool ColumnKeyNeedsCount(std::wstring_view parsingName) {
+    return parsingName.find(L'{') == std::wstring_view::npos && (parsingName.empty() || parsingName[0] != 1);
+}
+
 std::wstring ColumnKey(std::wstring_view parsingName, int columnCount) {
-    if (parsingName.find(L'{') != std::wstring_view::npos || (!parsingName.empty() && parsingName[0] == 1))
-        return L"Spatlen_" + std::wstring(parsingName);
+    if (!ColumnKeyNeedsCount(parsingName)) return L"Spatlen_" + std::wstring(parsingName);
     if (columnCount > 0) return L"Spatlen_" + FormatInt(columnCount);
     std::wstring lower(parsingName.substr(0, 6));
     for (wchar_t& c : lower) c = static_cast<wchar_t>(std::towlower(c));

@@ -24,6 +24,8 @@ bool DecodeColumnValue(std::wstring_view text, std::vector<uint8_t>& bytes);
 // detail columns (folders with the same columns share one memory), "Spatlen_FTP" for ftp
 // locations without columns, and "" for folders without column memory.
 std::wstring ColumnKey(std::wstring_view parsingName, int columnCount);
+// False for folders named by class identifier: their key does not depend on the column count.
+bool ColumnKeyNeedsCount(std::wstring_view parsingName);
 
 // "Column_OS_<major>.<minor>_<panel name>": remembered separately per system version.
 std::wstring ColumnSectionName(int major, int minor, std::wstring_view panelName);

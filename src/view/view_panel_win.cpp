@@ -162,11 +162,7 @@ bool CPloder::NavigateTo(win::UniquePidl folder) {
 CMyShellBrowser* CPloder::CreateTabBrowser(const TabRecord& tab) {
     CMyShellBrowser* browser = GetOrCreateBrowser();
     if (!browser) return nullptr;
-    if (!tab.columnKey.empty()) {
-        std::vector<uint8_t> bytes;
-        if (DecodeColumnValue(tab.columnValue, bytes)) browser->Columns().Replace(tab.columnKey) = std::move(bytes);
-    }
-    if (tab.hasSettings) browser->SetOneShotSettings(tab.settings);
+    ApplyTabSettings(tab, *browser);
     browser->NavigateTo(win::ClonePidl(tab.folder.get()), false, true);
     return browser;
 }

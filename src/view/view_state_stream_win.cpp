@@ -65,9 +65,8 @@ StreamBytes BytesOf(IStream* stream) {
 std::wstring CMyShellBrowser::ColumnKeyOf(PCIDLIST_ABSOLUTE folder, IShellFolder* shellFolder) const {
     if (!folder || !shellFolder) return {};
     const std::wstring parsing = win::ParsingNameOf(folder);
-    if (parsing.find(L'{') != std::wstring::npos || (!parsing.empty() && parsing[0] == 1))
-        return ColumnKey(parsing, 0);
-    return ColumnKey(parsing, DetailColumnCount(shellFolder, hwnd()));
+    // Counting the columns asks the folder for each one: only when the key depends on it.
+    return ColumnKey(parsing, ColumnKeyNeedsCount(parsing) ? DetailColumnCount(shellFolder, hwnd()) : 0);
 }
 
 void CMyShellBrowser::LoadColumnMemory() { columns_.Load(Settings(), columnSection_); }

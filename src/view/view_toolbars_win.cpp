@@ -31,13 +31,13 @@ ViewToolbars::~ViewToolbars() {
         if (images) ImageList_Destroy(images);
 }
 
-HWND ViewToolbars::Make(HWND panel, HWND statusBar, int resourceId) {
+void ViewToolbars::Make(HWND panel, HWND statusBar, int index, int resourceId) {
     const std::vector<int> commands = LoadToolbarCommands(resourceId);
     HWND bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
                                WS_CHILD | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NORESIZE | CCS_NODIVIDER |
                                    CCS_NOPARENTALIGN,
                                0, 0, 0, 0, statusBar, nullptr, GetModuleHandleW(nullptr), nullptr);
-    if (!bar) return nullptr;
+    if (!bar) return;
     SendMessageW(bar, TB_SETPARENT, reinterpret_cast<WPARAM>(panel), 0);  // commands go to the panel
     SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     std::vector<int> pictured;
@@ -57,18 +57,14 @@ HWND ViewToolbars::Make(HWND panel, HWND statusBar, int resourceId) {
         buttons.push_back(button);
     }
     SendMessageW(bar, TB_ADDBUTTONSW, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
-    for (HIMAGELIST& slot : images_)
-        if (!slot) {
-            slot = images;
-            break;
-        }
-    return bar;
+    bars_[index] = bar;
+    images_[index] = images;
 }
 
 void ViewToolbars::Create(HWND panel, HWND statusBar) {
-    bars_[0] = Make(panel, statusBar, IDR_TOOLBAR_VIEW);
-    bars_[1] = Make(panel, statusBar, IDR_TOOLBAR_EXTRA);
-    bars_[2] = Make(panel, statusBar, IDR_TOOLBAR_MODES);
+    Make(panel, statusBar, 0, IDR_TOOLBAR_VIEW);
+    Make(panel, statusBar, 1, IDR_TOOLBAR_EXTRA);
+    Make(panel, statusBar, 2, IDR_TOOLBAR_MODES);
     if (bars_[0]) {
         const LRESULT index = SendMessageW(bars_[0], TB_COMMANDTOINDEX, ID_VIEW_FOLDER_SIZES, 0);
         if (index >= 0) SendMessageW(bars_[0], TB_DELETEBUTTON, index, 0);

@@ -29,7 +29,7 @@ public:
     HWND Modes() const { return bars_[2]; }
 
 private:
-    HWND Make(HWND panel, HWND statusBar, int resourceId);
+    void Make(HWND panel, HWND statusBar, int index, int resourceId);  // bars_[index], images_[index]
     HWND bars_[3] = {};
     bool wanted_[3] = {true, false, true};  // the extra toolbar starts hidden
     HIMAGELIST images_[3] = {};

@@ -65,4 +65,9 @@ std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl) {
     return path;
 }
 
+std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl) {
+    std::wstring text = FileSystemPathOf(pidl);
+    return text.empty() ? ParsingNameOf(pidl) : text;
+}
+
 }  // namespace tessel::win

@@ -21,5 +21,7 @@ bool SamePidl(PCIDLIST_ABSOLUTE a, PCIDLIST_ABSOLUTE b);
 std::wstring LocationNameOf(PCIDLIST_ABSOLUTE pidl);
 std::wstring ParsingNameOf(PCIDLIST_ABSOLUTE pidl);
 std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl);  // "" when the folder has no path
+// The path, or the parsing name of a folder without one: text that parses back to the folder.
+std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl);
 
 }  // namespace tessel::win
