@@ -1,11 +1,12 @@
 # make run    builds Tessel and starts it under Wine (ARGS='...' go to its command line)
 # make test   builds everything and runs every test
 # make bench  builds everything and runs the benchmarks
+# make fuzz   builds the fuzz targets and runs each for FUZZ_SECONDS (default 60)
 # Each installs what is missing first (Debian 12, apt) and can be run again safely.
 SHELL := /bin/bash
 ARGS ?=
 
-.PHONY: deps native win64 run test bench clean
+.PHONY: deps native win64 run test bench fuzz clean
 
 deps:
 	@scripts/install-deps.sh
@@ -26,6 +27,12 @@ test: native win64
 
 bench: native win64
 	@scripts/bench.sh
+
+fuzz:
+	@scripts/install-deps.sh fuzz
+	@cmake --preset fuzz >/dev/null
+	@cmake --build --preset fuzz
+	@scripts/fuzz.sh
 
 clean:
 	rm -rf build

@@ -3,6 +3,8 @@
 set -euo pipefail
 packages=(cmake ninja-build g++ make g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 xvfb xauth imagemagick
           googletest x11-utils)
+# make fuzz also needs clang with its sanitizer and libFuzzer runtimes.
+[ "${1:-}" = fuzz ] && packages=(cmake ninja-build clang libclang-rt-14-dev)
 missing=()
 for package in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")

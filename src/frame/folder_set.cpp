@@ -2,6 +2,7 @@
 
 #include <cwchar>
 #include <cwctype>
+#include <unordered_map>
 
 namespace tessel {
 namespace {
@@ -42,45 +43,80 @@ void LayoutLines(std::wstring& out, const LayoutBlock& b) {
     out += kLineEnd;
 }
 
-// The value of the first line that starts with key + "=", up to the end of that line.
-bool FindValue(std::wstring_view text, std::wstring_view key, std::wstring_view& value) {
-    size_t at = 0;
-    while ((at = text.find(key, at)) != std::wstring_view::npos) {
-        const size_t end = at + key.size();
-        const bool lineStart = at == 0 || text[at - 1] == L'\n' || text[at - 1] == L'\r';
-        if (lineStart && end < text.size() && text[end] == L'=') {
-            size_t stop = text.find_first_of(L"\r\n", end + 1);
-            value = text.substr(end + 1, stop == std::wstring_view::npos ? std::wstring_view::npos : stop - end - 1);
-            return true;
+// Every line's value by its key (the text before the line's first "="); the first line with a
+// key wins. Built once, so a file is read in one pass however many keys are asked for.
+class Lines {
+public:
+    explicit Lines(std::wstring_view text) {
+        size_t start = 0;
+        while (start < text.size()) {
+            size_t stop = text.find_first_of(L"\r\n", start);
+            if (stop == std::wstring_view::npos) stop = text.size();
+            const std::wstring_view line = text.substr(start, stop - start);
+            const size_t equals = line.find(L'=');
+            if (equals != std::wstring_view::npos && equals > 0)
+                values_.emplace(line.substr(0, equals), line.substr(equals + 1));
+            start = stop + 1;
         }
-        at = end;
     }
-    return false;
-}
+    bool Find(std::wstring_view key, std::wstring_view& value) const {
+        const auto found = values_.find(key);
+        if (found == values_.end()) return false;
+        value = found->second;
+        return true;
+    }
 
-int FindInt(std::wstring_view text, std::wstring_view key, int defaultValue) {
+private:
+    std::unordered_map<std::wstring_view, std::wstring_view> values_;
+};
+
+// A key composed in a buffer of its own: name, then up to two numbers joined by "_" (for
+// example "Folder3_15"). Reading asks for hundreds of keys; none of them allocates.
+class Key {
+public:
+    Key(const wchar_t* name, int first = -1, int second = -1) {
+        while (*name && size_ < 24) text_[size_++] = *name++;
+        if (first >= 0) Number(first);
+        if (second >= 0) {
+            text_[size_++] = L'_';
+            Number(second);
+        }
+    }
+    operator std::wstring_view() const { return {text_, size_}; }
+
+private:
+    void Number(int value) {  // 0..99 is all a folder set numbers
+        if (value >= 10) text_[size_++] = static_cast<wchar_t>(L'0' + value / 10 % 10);
+        text_[size_++] = static_cast<wchar_t>(L'0' + value % 10);
+    }
+    wchar_t text_[32] = {};
+    size_t size_ = 0;
+};
+
+int FindInt(const Lines& text, std::wstring_view key, int defaultValue) {
     std::wstring_view value;
-    return FindValue(text, key, value) ? ParseLeadingInt(value) : defaultValue;
+    return text.Find(key, value) ? ParseLeadingInt(value) : defaultValue;
 }
 
-std::wstring FindText(std::wstring_view text, const std::wstring& key) {
+std::wstring FindText(const Lines& text, std::wstring_view key) {
     std::wstring_view value;
-    return FindValue(text, key, value) ? std::wstring(value) : std::wstring();
+    return text.Find(key, value) ? std::wstring(value) : std::wstring();
 }
 
-bool ReadTab(std::wstring_view text, const std::wstring& prefix, TabState& tab) {
+// The tab group of T-View `number`: its active line set when `index` is -1, else tab `index`.
+bool ReadTab(const Lines& text, int number, int index, TabState& tab) {
     std::wstring_view folder;
-    if (!FindValue(text, L"Folder" + prefix, folder)) return false;
+    if (!text.Find(Key(L"Folder", number, index), folder)) return false;
     tab.folder = folder;
-    tab.dir = FindText(text, L"Dir" + prefix);
-    tab.viewModeFlags = FindText(text, L"ViewModeFlags" + prefix);
-    tab.viewMode = FindText(text, L"ViewMode" + prefix);
-    tab.colsAndSort = FindText(text, L"ColsAndSort" + prefix);
-    tab.colsId = FindText(text, L"ColsID" + prefix);
+    tab.dir = FindText(text, Key(L"Dir", number, index));
+    tab.viewModeFlags = FindText(text, Key(L"ViewModeFlags", number, index));
+    tab.viewMode = FindText(text, Key(L"ViewMode", number, index));
+    tab.colsAndSort = FindText(text, Key(L"ColsAndSort", number, index));
+    tab.colsId = FindText(text, Key(L"ColsID", number, index));
     return true;
 }
 
-int Position(std::wstring_view text, const wchar_t* key, int missing, int outOfRange) {
+int Position(const Lines& text, const wchar_t* key, int missing, int outOfRange) {
     const int value = FindInt(text, key, missing);
     return value >= 1 && value <= 10000 ? value : outOfRange;
 }
@@ -119,17 +155,18 @@ std::wstring WriteFolderSet(const FolderSet& set) {
     return out;
 }
 
-LoadedFolderSet ReadFolderSet(std::wstring_view text, int treeMode, int focus) {
+LoadedFolderSet ReadFolderSet(std::wstring_view fileText, int treeMode, int focus) {
+    const Lines text(fileText);
     LoadedFolderSet set;
     set.viewMode = FindInt(text, L"ViewMode", -1);
     for (int number = 4; number >= 1; --number) {
         LoadedView& view = set.views[number - 1];
-        view.hasActive = ReadTab(text, Printf(L"%d", number), view.active);
+        view.hasActive = ReadTab(text, number, -1, view.active);
         for (int index = 0; index < kFolderSetTabLimit; ++index) {
-            const std::wstring prefix = Printf(L"%d_%d", number, index);
             TabState tab;
-            if (!ReadTab(text, prefix, tab)) continue;
-            if (FindInt(text, L"CurSel" + prefix, 0) == 1) view.selectedTab = static_cast<int>(view.tabs.size());
+            if (!ReadTab(text, number, index, tab)) continue;
+            if (FindInt(text, Key(L"CurSel", number, index), 0) == 1)
+                view.selectedTab = static_cast<int>(view.tabs.size());
             view.tabs.push_back(std::move(tab));
         }
     }
@@ -139,8 +176,9 @@ LoadedFolderSet ReadFolderSet(std::wstring_view text, int treeMode, int focus) {
     b.treeSplitter = Position(text, L"SPT", 2000, 5000);  // 2000 when missing, 5000 when out of range
     b.treeMode = FindInt(text, L"tree_mode", treeMode);
     for (int i = 0; i < 4; ++i) {
-        b.tree[i] = FindInt(text, Printf(L"Tree%d", i + 1), 0);
-        b.treeSplit[i] = FindInt(text, Printf(L"Tree%dsplit", i + 1), 2500);
+        const wchar_t tree[] = {L'T', L'r', L'e', L'e', static_cast<wchar_t>(L'1' + i), 0};
+        b.tree[i] = FindInt(text, tree, 0);
+        b.treeSplit[i] = FindInt(text, std::wstring(tree) + L"split", 2500);
     }
     b.preview = FindInt(text, L"Vorschau", 0);
     b.previewPosition = FindInt(text, L"VorschauPos", 7500);

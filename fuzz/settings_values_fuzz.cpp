@@ -1,0 +1,28 @@
+// Values of the settings file may have been edited by hand: integers, rectangles, whole
+// sections and the configuration name in the program's file name are read from any text.
+#include "core/profile_values.h"
+#include "fuzz_text.h"
+
+using namespace tessel;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::wstring text = fuzz::WideOf(data, size);
+    const int value = ParseLeadingInt(text);
+    fuzz::Check(ParseLeadingInt(FormatInt(value)) == value);
+    const int clamped = ClampSetting(value, 60, 300);
+    fuzz::Check(clamped >= 60 && clamped <= 300);
+
+    RectI rect;
+    if (ParseRect(text, rect)) {
+        RectI again;
+        fuzz::Check(ParseRect(FormatRect(rect), again) && again == rect);
+    }
+    ConfigNameFromExePath(text);
+
+    // The first line names a key; the rest is a section block to look it up in.
+    const size_t lineEnd = text.find(L'\n');
+    const std::wstring key = text.substr(0, lineEnd);
+    std::wstring found;
+    if (lineEnd != std::wstring::npos) FindSectionValue(std::wstring_view(text).substr(lineEnd + 1), key, found);
+    return 0;
+}
