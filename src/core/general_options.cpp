@@ -76,6 +76,8 @@ void LoadGeneralOptions(ISettingsStore& store, GeneralOptions& options) {
     if (!store.IsFileMode()) options.m_lang_id = store.RegGetInt(L"lng", options.m_lang_id);
     const std::wstring lines = store.GetSection(L"Start");
     for (const OptionEntry& entry : kOptions) ReadOption(lines, entry.key, options.*entry.field);
+    ReadOption(lines, L"tabs_hover_time", options.tabs_hover_time);
+    ReadOption(lines, L"tree_hover_time", options.tree_hover_time);
 }
 
 bool WriteOption(ISettingsStore& store, std::wstring_view key, int value) {

@@ -54,6 +54,9 @@ struct GeneralOptions {
     int enable_priv = 1;
     int tab_width_mode = 1;
     int tab_max_width = 120;  // pixels
+    // Read in the same load although the table leaves them out: their defaults are their own.
+    int tabs_hover_time = 0;
+    int tree_hover_time = 0;
 };
 
 struct OptionEntry {

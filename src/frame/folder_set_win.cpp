@@ -27,6 +27,7 @@ TabState TabOf(CMyShellBrowser& browser) {
     tab.viewModeFlags = std::to_wstring(settings.fFlags);
     tab.colsAndSort = browser.GetEncodedViewState(&tab.colsId);
     if (tab.colsAndSort.empty()) tab.colsId.clear();
+    browser.SaveColumnMemory();  // what the file carries is in the settings too
     return tab;
 }
 

@@ -38,6 +38,7 @@ std::wstring FirstFileOf(IDataObject* data) {
 }  // namespace
 
 CIDropTargetPlus::CIDropTargetPlus(HWND owner) : owner_(owner) {
+    ++live;
     CoCreateInstance(CLSID_DragDropHelper, nullptr, CLSCTX_INPROC_SERVER, IID_IDropTargetHelper,
                      dragImages_.put_void());
 }
@@ -81,12 +82,17 @@ STDMETHODIMP CIDropTargetPlus::DragLeave() {
 STDMETHODIMP CIDropTargetPlus::Drop(IDataObject* data, DWORD keys, POINTL, DWORD* effect) {
     const std::wstring text = DropTextOf(data);
     if (dragImages_) dragImages_->DragLeave();
-    OnDropText(text, keys | enterKeys_);
-    *effect &= allowedEffect_;
+    const bool used = OnDropText(text, keys | enterKeys_);
+    *effect = used ? OpeningEffect(*effect & allowedEffect_) : DROPEFFECT_NONE;
     return S_OK;
 }
 
-void CIDropTargetPlus::OnDropText(const std::wstring&, DWORD) {}
+bool CIDropTargetPlus::OnDropText(const std::wstring&, DWORD) { return false; }
+
+DWORD CIDropTargetPlus::OpeningEffect(DWORD allowed) {
+    if (allowed & DROPEFFECT_LINK) return DROPEFFECT_LINK;
+    return allowed & DROPEFFECT_COPY ? DROPEFFECT_COPY : DROPEFFECT_NONE;
+}
 
 std::wstring CIDropTargetPlus::DropTextOf(IDataObject* data) {
     const std::wstring file = FirstFileOf(data);

@@ -15,6 +15,7 @@ namespace tessel {
 class CIDropTargetPlus : public IDropTarget {
 public:
     explicit CIDropTargetPlus(HWND owner);
+    static inline int live = 0;  // drop targets in the program, for the leak tests
     STDMETHODIMP QueryInterface(REFIID riid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
     STDMETHODIMP_(ULONG) Release() override;
@@ -22,15 +23,18 @@ public:
     STDMETHODIMP DragOver(DWORD keys, POINTL point, DWORD* effect) override;
     STDMETHODIMP DragLeave() override;
     STDMETHODIMP Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) override;
-    // Receives the dropped item as text; the base does nothing with it.
-    virtual void OnDropText(const std::wstring& text, DWORD keys);
+    // Receives the dropped item as text; true when it was used. The base does nothing with it.
+    virtual bool OnDropText(const std::wstring& text, DWORD keys);
+    // The effect a drop that only opens what it names reports: a link where the source allows
+    // one, else a copy, never a move (the source must keep what was dragged).
+    static DWORD OpeningEffect(DWORD allowed);
 
     // The text a data object stands for: the first file (a ".url" file's address instead of its
     // path), or the text it offers.
     static std::wstring DropTextOf(IDataObject* data);
 
 protected:
-    virtual ~CIDropTargetPlus() = default;
+    virtual ~CIDropTargetPlus() { --live; }
     HWND owner_;
     DWORD allowedEffect_ = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
     DWORD enterKeys_ = 0;

@@ -132,7 +132,7 @@ void CCBrowserTabCtrl::Hover(POINT screen) {
         hoverMark_ = now;
         return;
     }
-    const int delay = HoverDelayMs(Settings().GetInt(L"Start", L"tabs_hover_time", 0));
+    const int delay = HoverDelayMs(Options().tabs_hover_time);
     if (delay <= 200 || now - hoverMark_ >= static_cast<DWORD>(delay)) {
         hoverMark_ = now;
         view_->Select(index);
@@ -149,6 +149,7 @@ STDMETHODIMP CCBrowserTabCtrl::DragOver(DWORD keys, POINTL point, DWORD* effect)
     if (!view_) return *effect = DROPEFFECT_NONE, S_OK;
     CIDropTargetPlus::DragOver(keys, point, effect);
     if (!g_drag.active) {
+        *effect = OpeningEffect(*effect);  // a drop opens a folder; nothing is moved
         Hover({point.x, point.y});
         return S_OK;
     }
@@ -183,7 +184,7 @@ STDMETHODIMP CCBrowserTabCtrl::Drop(IDataObject* data, DWORD keys, POINTL point,
         command = kCancel;
     }
     if (command != kCancel) DropTab(target, command == kCopyHere);
-    *effect = command == kCancel ? DROPEFFECT_NONE : DROPEFFECT_MOVE;
+    *effect = command == kCancel ? DROPEFFECT_NONE : command == kCopyHere ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
     return S_OK;
 }
 
@@ -203,11 +204,13 @@ void CCBrowserTabCtrl::DropTab(int target, bool copy) {
 }
 
 // A folder dropped on the strip opens in a new tab; anything else is left alone.
-void CCBrowserTabCtrl::OnDropText(const std::wstring& text, DWORD) {
-    if (!view_ || text.empty()) return;
+bool CCBrowserTabCtrl::OnDropText(const std::wstring& text, DWORD) {
+    if (!view_ || text.empty()) return false;
     const DWORD attributes = GetFileAttributesW(text.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) return;
-    view_->Select(view_->InsertTab(win::PidlFromPath(text)));
+    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) return false;
+    const int index = view_->InsertTab(win::PidlFromPath(text));
+    view_->Select(index);
+    return index >= 0;
 }
 
 }  // namespace tessel

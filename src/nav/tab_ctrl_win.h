@@ -21,7 +21,7 @@ public:
     STDMETHODIMP DragOver(DWORD keys, POINTL point, DWORD* effect) override;
     STDMETHODIMP DragLeave() override;
     STDMETHODIMP Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) override;
-    void OnDropText(const std::wstring& text, DWORD keys) override;
+    bool OnDropText(const std::wstring& text, DWORD keys) override;
 
     // Carries out a tab drop on tab `target` of this strip; command 2 of the right-button menu
     // copies, everything else moves.

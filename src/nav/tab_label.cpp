@@ -29,9 +29,10 @@ int TabInsertIndex(std::wstring_view position, int count) {
     return index >= 0 ? index : count;
 }
 
-int TabSelectedAfterClose(int index, int count, int selected) {
+int TabSelectedAfterClose(int index, int count, int selected, bool hasBrowser) {
     if (count < 2 || index < 0 || index >= count) return -1;
     if (index != selected) return selected > index ? selected - 1 : selected;
+    if (!hasBrowser) return index > 0 ? index - 1 : 0;
     return index + 1 < count ? index : index - 1;  // the right neighbour moves into this index
 }
 

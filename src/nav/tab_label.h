@@ -25,7 +25,9 @@ int HoverDelayMs(int setting);
 int TabInsertIndex(std::wstring_view position, int count);
 
 // Which tab is selected after closing tab `index` of `count` (the selected one when `selected`):
-// the right neighbour first, else the left one; -1 when the tab may not be closed (the last one).
-int TabSelectedAfterClose(int index, int count, int selected);
+// for a tab with a browser view the right neighbour first, else the left one; for a tab without
+// one only the left neighbour (the first tab, which has none, hands over to the one after it).
+// -1 when the tab may not be closed (the last one).
+int TabSelectedAfterClose(int index, int count, int selected, bool hasBrowser = true);
 
 }  // namespace tessel

@@ -13,6 +13,7 @@
 #include "res/resource.h"
 #include "nav/tab_label.h"
 #include "view/column_memory.h"
+#include "view/file_clipboard_win.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
 #include "win/window_win.h"
@@ -21,9 +22,6 @@ namespace tessel {
 namespace {
 
 constexpr int kLabelBuffer = 260;
-enum TabCommand { kClose = 1, kRefresh, kDuplicate, kNewHere, kNewComputer, kWidthUncut = 50, kWidthFirst = 60 };
-constexpr int kWidthLast = 300;
-constexpr UINT kFirstShellId = 100;
 std::vector<CCBrowserTabView*> g_strips;  // every strip of the program, for RelayoutAll
 
 class DcMeasure : public ITextMeasure {  // the strip's device context as GetDC gives it
@@ -127,15 +125,17 @@ int CCBrowserTabView::InsertTab(win::UniquePidl folder, const std::wstring& posi
     return index;
 }
 
+int CCBrowserTabView::IndexOf(const CMyShellBrowser* browser) const {
+    for (int i = 0; browser && i < Count(); ++i)
+        if (TabRecord* record = Record(i); record && record->browser == browser) return i;
+    return -1;
+}
+
 void CCBrowserTabView::UpdateTab(CMyShellBrowser* browser, PCIDLIST_ABSOLUTE folder) {
-    for (int i = 0; i < Count(); ++i) {
-        TabRecord* record = Record(i);
-        if (record && record->browser == browser) {
-            record->folder = win::ClonePidl(folder);
-            SetLabel(i, folder);
-            return;
-        }
-    }
+    const int index = IndexOf(browser);
+    if (index < 0) return;
+    Record(index)->folder = win::ClonePidl(folder);
+    SetLabel(index, folder);
 }
 
 void CCBrowserTabView::Select(int index) {
@@ -145,10 +145,20 @@ void CCBrowserTabView::Select(int index) {
 }
 
 void CCBrowserTabView::ActivateTab() {
-    TabRecord* record = Record(Selected());
+    const int selected = Selected();
+    TabRecord* record = Record(selected);
     if (!record) return;
     if (!record->browser) record->browser = owner_.CreateTabBrowser(*record);
-    if (record->browser && record->browser != shown_) {
+    if (!record->browser) {
+        // No browser view could be made for it (the panel's limit): the tab goes again, and the
+        // strip selects the tab whose view stays on screen.
+        SendMessageW(strip_, TCM_DELETEITEM, selected, 0);
+        delete record;
+        SendMessageW(strip_, TCM_SETCURSEL, IndexOf(shown_), 0);
+        owner_.TabsChanged();
+        return;
+    }
+    if (record->browser != shown_) {
         shown_ = record->browser;
         owner_.ShowTabBrowser(shown_);
     }
@@ -158,7 +168,7 @@ bool CCBrowserTabView::CloseTab(int index) {
     const int count = Count();
     TabRecord* record = Record(index);
     const int selected = Selected();
-    const int next = TabSelectedAfterClose(index, count, selected);
+    const int next = TabSelectedAfterClose(index, count, selected, record && record->browser);
     if (!record || next < 0) return false;
     if (record->browser && !owner_.CloseTabBrowser(record->browser)) return false;
     if (record->browser == shown_) shown_ = nullptr;
@@ -213,13 +223,13 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
     }
     win::UniqueMenu menu(CreatePopupMenu());
     if (index >= 0) {
-        AppendMenuW(menu.get(), MF_STRING, kClose, GetText(51206).c_str());
-        AppendMenuW(menu.get(), MF_STRING, kRefresh, GetText(288).c_str());
+        AppendMenuW(menu.get(), MF_STRING, kTabClose, GetText(51206).c_str());
+        AppendMenuW(menu.get(), MF_STRING, kTabRefresh, GetText(288).c_str());
         AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
     }
-    AppendMenuW(menu.get(), MF_STRING, kDuplicate, GetText(51208).c_str());
-    AppendMenuW(menu.get(), MF_STRING, kNewHere, GetText(20004).c_str());
-    AppendMenuW(menu.get(), MF_STRING, kNewComputer, GetText(51207).c_str());
+    AppendMenuW(menu.get(), MF_STRING, kTabDuplicate, GetText(51208).c_str());
+    AppendMenuW(menu.get(), MF_STRING, kTabNewHere, GetText(20004).c_str());
+    AppendMenuW(menu.get(), MF_STRING, kTabNewComputer, GetText(51207).c_str());
     AppendWidthMenu(menu.get());
     TabRecord* record = Record(index >= 0 ? index : Selected());
     win::ComPtr<IContextMenu> shellMenu;
@@ -229,7 +239,8 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
         if (SUCCEEDED(SHBindToParent(record->folder.get(), IID_IShellFolder, parent.put_void(), &last)) &&
             SUCCEEDED(parent->GetUIObjectOf(strip_, 1, &last, IID_IContextMenu, nullptr, shellMenu.put_void()))) {
             AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-            shellMenu->QueryContextMenu(menu.get(), GetMenuItemCount(menu.get()), kFirstShellId, 0x7FFF, CMF_NORMAL);
+            shellMenu->QueryContextMenu(menu.get(), GetMenuItemCount(menu.get()), kTabFirstShellId, kTabLastShellId,
+                                       CMF_NORMAL);
         }
     }
     if (fromKeyboard && index >= 0) {
@@ -239,24 +250,64 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
         ClientToScreen(strip_, &screen);
     }
     const UINT command = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, strip_, nullptr);
+    RunContextCommand(command, index, shellMenu.get());
+}
+
+void CCBrowserTabView::RunContextCommand(UINT command, int index, IContextMenu* shellMenu) {
     const int at = index >= 0 ? index : Selected();
     switch (command) {
-    case kClose: CloseTab(at); break;
-    case kRefresh:
+    case kTabClose: CloseTab(at); break;
+    case kTabRefresh:
         if (Selected() != at) Select(at);
         if (shown_) shown_->RefreshView();
         break;
-    case kDuplicate: DuplicateTab(at); break;
-    case kNewHere:
+    case kTabDuplicate: DuplicateTab(at); break;
+    case kTabNewHere:
         if (shown_ && shown_->Current()) Select(InsertTab(win::ClonePidl(shown_->Current()), std::to_wstring(at + 1)));
         break;
-    case kNewComputer:
+    case kTabNewComputer:
         Select(InsertTab(win::SpecialFolder(CSIDL_DRIVES), index >= 0 ? std::to_wstring(index + 1) : L""));
         break;
     default:
-        if (command >= kFirstShellId && shellMenu && shown_) shown_->RunMenuCommand(shellMenu.get(), command - kFirstShellId);
-        else if (command == kWidthUncut || (command >= kWidthFirst && command <= kWidthLast)) SetLabelWidth(static_cast<int>(command));
+        if (command == kTabWidthUncut || (command >= kTabWidthFirst && command <= kTabWidthLast))
+            SetLabelWidth(static_cast<int>(command));
+        else if (command >= kTabFirstShellId && shellMenu)
+            RunFolderVerb(at, shellMenu, command - kTabFirstShellId);
         break;
+    }
+}
+
+// The tab's shell menu acts on the tab's folder, never on what its list has selected.
+void CCBrowserTabView::RunFolderVerb(int index, IContextMenu* menu, UINT offset) {
+    TabRecord* record = Record(index);
+    if (!record) return;
+    const std::wstring path = win::FileSystemPathOf(CurrentFolderOf(*record));
+    const std::string verb = win::VerbOf(menu, offset);
+    const bool own = Options().copy_cut_paste_mode == 0 && !path.empty();
+    if (own && (verb == "copy" || verb == "cut")) {
+        PutFilesOnClipboard(strip_, {path}, verb == "cut" ? DROPEFFECT_MOVE : DROPEFFECT_COPY);
+    } else if (own && verb == "paste") {
+        ClipboardFiles files;
+        if (ReadClipboardFiles(strip_, files) && PasteFiles(strip_, files, path) && record->browser)
+            record->browser->RefreshView();
+    } else if (verb == "delete" && !path.empty()) {
+        // The shell's question first; a tab whose folder is gone shows the folder above it.
+        if (DeleteFiles(strip_, {path}, false) && record->browser && GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
+            record->browser->NavigateUp();
+    } else if (verb == "rename" && record->browser && record->browser->Current()) {
+        // Renamed where it is listed: in the folder above, with its name open for editing.
+        win::UniquePidl folder = win::ClonePidl(record->browser->Current());
+        Select(index);
+        record->browser->NavigateUp();
+        if (record->browser->View())
+            record->browser->View()->SelectItem(ILFindLastID(folder.get()), SVSI_SELECT | SVSI_DESELECTOTHERS |
+                                                                              SVSI_ENSUREVISIBLE | SVSI_FOCUSED | SVSI_EDIT);
+    } else {
+        CMINVOKECOMMANDINFO invoke{sizeof(invoke)};
+        invoke.hwnd = strip_;
+        invoke.lpVerb = MAKEINTRESOURCEA(offset);
+        invoke.nShow = SW_SHOWNORMAL;
+        menu->InvokeCommand(&invoke);
     }
 }
 
@@ -264,18 +315,18 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
 void CCBrowserTabView::AppendWidthMenu(HMENU menu) {
     HMENU widths = CreatePopupMenu();
     const bool cut = Options().tab_width_mode == 1;
-    for (int width = kWidthFirst; width <= kWidthLast; width += 10) {
+    for (int width = kTabWidthFirst; width <= static_cast<int>(kTabWidthLast); width += 10) {
         const UINT checked = cut && ClampTabMaxWidth(Options().tab_max_width) == width ? MF_CHECKED : 0;
-        AppendMenuW(widths, MF_STRING | checked, width, width == kWidthFirst ? GetText(137).c_str() : std::to_wstring(width).c_str());
+        AppendMenuW(widths, MF_STRING | checked, width, width == kTabWidthFirst ? GetText(137).c_str() : std::to_wstring(width).c_str());
     }
     AppendMenuW(widths, MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(widths, MF_STRING | (cut ? 0 : MF_CHECKED), kWidthUncut, GetText(IDS_TAB_WIDTH_UNCUT).c_str());
+    AppendMenuW(widths, MF_STRING | (cut ? 0 : MF_CHECKED), kTabWidthUncut, GetText(IDS_TAB_WIDTH_UNCUT).c_str());
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(widths), GetText(IDS_TAB_WIDTH).c_str());  // owned by menu
 }
 
 void CCBrowserTabView::SetLabelWidth(int command) {
-    if (command == kWidthUncut) {
+    if (command == kTabWidthUncut) {
         Options().tab_width_mode = 0;
     } else {
         Options().tab_width_mode = 1;

@@ -19,6 +19,13 @@ struct TabRecord;
 
 inline constexpr int kTabStripId = 1000;
 
+// Commands of a tab's context menu; each part of the menu has an id range of its own.
+enum TabMenuId : UINT {
+    kTabClose = 1, kTabRefresh, kTabDuplicate, kTabNewHere, kTabNewComputer,
+    kTabWidthUncut = 50, kTabWidthFirst = 60, kTabWidthLast = 300,  // widths 60, 70, ... 300
+    kTabFirstShellId = 1000, kTabLastShellId = 0x7FFF,                // the tab folder's shell menu
+};
+
 // What the strip asks of its panel.
 class ITabOwner {
 public:
@@ -30,6 +37,12 @@ public:
 };
 
 struct TabRecord {
+    TabRecord() { ++live; }
+    ~TabRecord() { --live; }
+    TabRecord(const TabRecord&) = delete;
+    TabRecord& operator=(const TabRecord&) = delete;
+    static inline int live = 0;  // records in the program, for the leak tests
+
     CMyShellBrowser* browser = nullptr;
     win::UniquePidl folder;
     std::wstring position;
@@ -63,9 +76,12 @@ public:
     int DuplicateTab(int index, int target = -1);
     void MoveTab(int from, int to);
     TabRecord* Record(int index) const;
+    int IndexOf(const CMyShellBrowser* browser) const;  // the tab showing it, or -1
     // The strip's height when shown under the current show_tabs mode, else 0.
     int Height() const;
     void ShowContextMenu(POINT screen, bool fromKeyboard);
+    // Carries out a command of the context menu opened over tab `index` (-1: beside the tabs).
+    void RunContextCommand(UINT command, int index, IContextMenu* shellMenu);
     // WM_NOTIFY from the strip; true when handled.
     bool OnNotify(NMHDR* header);
     static void RelayoutAll();  // every strip of the program, after show_tabs changed
@@ -77,6 +93,7 @@ private:
     static LRESULT CALLBACK StripProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     void SetLabel(int index, PCIDLIST_ABSOLUTE folder);
     void AppendWidthMenu(HMENU menu);
+    void RunFolderVerb(int index, IContextMenu* menu, UINT offset);
     int TabAt(POINT client) const;
 
     ITabOwner& owner_;

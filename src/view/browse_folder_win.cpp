@@ -32,13 +32,14 @@ UINT AdjustViewFlags(UINT flags) {
 }  // namespace
 
 int CMyShellBrowser::NavigateTo(win::UniquePidl pidl, bool /*fromHistory*/, bool counted) {
-    if (!pidl) return 0;
+    // Asked for while a navigation runs (from a message served while the view is made): dropped
+    // before anything is touched, so the running one records the folder its view shows.
+    if (!pidl || navigating_) return 0;
     if (shown_ && view_ && win::SamePidl(pidl.get(), shown_.get())) {
         RefreshView();
         return 1;
     }
     target_ = std::move(pidl);
-    if (navigating_) return 0;  // asked for during a navigation: dropped
     return BrowseFolder(counted);
 }
 
@@ -61,6 +62,7 @@ void CMyShellBrowser::SelectAfterUp(PCIDLIST_ABSOLUTE child) {
 }
 
 HRESULT CMyShellBrowser::RefreshView() {
+    if (navigating_) return E_PENDING;  // the navigation running makes a fresh view anyway
     ScopedOption columns(Options().spalten_speichern, 1);
     suppressClick_ = true;
     if (shown_) {
@@ -72,11 +74,25 @@ HRESULT CMyShellBrowser::RefreshView() {
     return result;
 }
 
+namespace {
+
+BOOL CALLBACK FindListBelow(HWND window, LPARAM found) {
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, 32);
+    if (wcscmp(name, WC_LISTVIEWW) != 0) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+}  // namespace
+
+// Only lists of this view: a list of the view window, its thumbnail list, else a list deeper
+// inside the view window. Never a window of another view or another program.
 HWND CMyShellBrowser::GetListControl() const {
     if (!viewWindow_) return nullptr;
     HWND list = FindWindowExW(viewWindow_, nullptr, WC_LISTVIEWW, nullptr);
     if (!list) list = FindWindowExW(viewWindow_, nullptr, L"ThumbnailVwExtWnd32", nullptr);
-    if (!list) list = FindWindowExW(nullptr, nullptr, WC_LISTVIEWW, nullptr);
+    if (!list) EnumChildWindows(viewWindow_, &FindListBelow, reinterpret_cast<LPARAM>(&list));
     return list;
 }
 

@@ -7,8 +7,10 @@
 
 namespace tessel {
 
-void ColumnStore::Load(ISettingsStore& settings, std::wstring_view section) {
-    columns_.clear();
+namespace {
+
+std::map<std::wstring, StreamBytes> ReadSection(ISettingsStore& settings, std::wstring_view section) {
+    std::map<std::wstring, StreamBytes> columns;
     const std::wstring lines = settings.GetSection(section);
     std::wstring_view rest = lines;
     while (!rest.empty()) {
@@ -18,14 +20,27 @@ void ColumnStore::Load(ISettingsStore& settings, std::wstring_view section) {
         size_t eq = line.find(L'=');
         if (eq == std::wstring_view::npos || eq == 0) continue;
         StreamBytes bytes;
-        if (DecodeColumnValue(line.substr(eq + 1), bytes)) columns_[std::wstring(line.substr(0, eq))] = std::move(bytes);
+        if (DecodeColumnValue(line.substr(eq + 1), bytes)) columns[std::wstring(line.substr(0, eq))] = std::move(bytes);
     }
+    return columns;
 }
 
-void ColumnStore::Save(ISettingsStore& settings, std::wstring_view section) const {
+}  // namespace
+
+void ColumnStore::Load(ISettingsStore& settings, std::wstring_view section) {
+    columns_ = ReadSection(settings, section);
+    changed_.clear();
+}
+
+void ColumnStore::Save(ISettingsStore& settings, std::wstring_view section) {
+    if (changed_.empty()) return;
+    std::map<std::wstring, StreamBytes> merged = ReadSection(settings, section);
+    for (const std::wstring& key : changed_) merged[key] = columns_[key];
     std::wstring lines;
-    for (const auto& [key, bytes] : columns_) lines += key + L"=" + EncodeColumnValue(bytes) + L"\n";
+    for (const auto& [key, bytes] : merged) lines += key + L"=" + EncodeColumnValue(bytes) + L"\n";
     settings.PutSection(section, lines);
+    columns_ = std::move(merged);
+    changed_.clear();
 }
 
 const StreamBytes* ColumnStore::Find(const std::wstring& key) const {
@@ -34,6 +49,7 @@ const StreamBytes* ColumnStore::Find(const std::wstring& key) const {
 }
 
 StreamBytes& ColumnStore::Replace(const std::wstring& key) {
+    changed_.insert(key);
     StreamBytes& slot = columns_[key];
     slot.clear();
     return slot;

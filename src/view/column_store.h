@@ -4,6 +4,7 @@
 // once when the view jumps back to that entry or receives another view's folder.
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,10 @@ class ColumnStore {
 public:
     // Replaces the map by the section's valid values; damaged values are skipped.
     void Load(ISettingsStore& settings, std::wstring_view section);
-    void Save(ISettingsStore& settings, std::wstring_view section) const;
+    // Writes the keys this store changed over what the section holds now, and takes the
+    // section's other keys in: the tabs of one T-View share the section, and a save from one
+    // of them never drops what another wrote. Nothing is written when nothing changed.
+    void Save(ISettingsStore& settings, std::wstring_view section);
 
     const StreamBytes* Find(const std::wstring& key) const;
     // The slot a write fills; replaces what the key held.
@@ -36,6 +40,7 @@ public:
 
 private:
     std::map<std::wstring, StreamBytes> columns_;
+    std::set<std::wstring> changed_;  // keys replaced since the last load or save
     std::map<std::wstring, StreamBytes> history_;  // keyed by the history index as "%d"
     int pendingRead_ = -1;
     int pendingWrite_ = -1;

@@ -17,13 +17,16 @@ constexpr UINT_PTR kTimerRenavigate = 10010;
 constexpr UINT_PTR kTimerFocus = 10011;
 constexpr UINT_PTR kTimerReselect = 10000;
 
-HFONT g_listFont = nullptr;  // owned by the list that made it; only read
+// A copy of the first list's font: the list and its font go with their view, the copy stays.
+win::UniqueFont g_listFont;
 
 }  // namespace
 
-HFONT ProgramListFont() { return g_listFont; }
+HFONT ProgramListFont() { return g_listFont.get(); }
 void RememberListFont(HFONT font) {
-    if (!g_listFont) g_listFont = font;
+    LOGFONTW description{};
+    if (!g_listFont && font && GetObjectW(font, sizeof(description), &description))
+        g_listFont.reset(CreateFontIndirectW(&description));
 }
 
 CMyShellBrowser::CMyShellBrowser(IBrowserOwner& owner, std::wstring columnSection, HWND filterBox)
@@ -189,7 +192,7 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
         statusRequested_ = true;
         break;
     case kTimerRenavigate:
-        if (shown_) {
+        if (shown_ && !navigating_) {
             target_ = win::ClonePidl(shown_.get());
             BrowseFolder(false);
         }
@@ -237,16 +240,21 @@ void CMyShellBrowser::OnStatusReady() {
     SetTimer(hwnd(), kTimerTick, 100, nullptr);
 }
 
+// The registration asks for the old delivery form: wParam points to the two item identifier
+// lists of the notice and lParam is the event.
+ShellChange ReadShellChange(WPARAM wParam, LPARAM lParam) {
+    ShellChange change;
+    change.event = static_cast<long>(lParam);
+    if (const auto* items = reinterpret_cast<const PCIDLIST_ABSOLUTE*>(wParam)) {
+        change.first = items[0] ? win::FileSystemPathOf(items[0]) : std::wstring();
+        change.second = items[1] ? win::FileSystemPathOf(items[1]) : std::wstring();
+    }
+    return change;
+}
+
 void CMyShellBrowser::OnShellChange(WPARAM wParam, LPARAM lParam) {
-    PIDLIST_ABSOLUTE* items = nullptr;
-    LONG event = 0;
-    HANDLE lock = SHChangeNotification_Lock(reinterpret_cast<HANDLE>(wParam), static_cast<DWORD>(lParam), &items,
-                                            &event);
-    if (!lock) return;
-    SHChangeNotification_Unlock(lock);
-    constexpr LONG kFreeSpaceEvents = SHCNE_CREATE | SHCNE_DELETE | SHCNE_MKDIR | SHCNE_RMDIR | SHCNE_DRIVEREMOVED |
-                                      SHCNE_DRIVEADD | SHCNE_FREESPACE;
-    if (event & kFreeSpaceEvents) SetTimer(hwnd(), kTimerFreeSpace, 200, nullptr);
+    lastChange_ = ReadShellChange(wParam, lParam);  // the folder sizes take their path from here
+    if (ChangeAffectsFreeSpace(lastChange_.event)) SetTimer(hwnd(), kTimerFreeSpace, 200, nullptr);
 }
 
 void CMyShellBrowser::RegisterChangeNotify() {
@@ -254,8 +262,8 @@ void CMyShellBrowser::RegisterChangeNotify() {
     notifyId_ = 0;
     if (!shown_) return;
     SHChangeNotifyEntry entry{shown_.get(), FALSE};
-    notifyId_ = SHChangeNotifyRegister(hwnd(), SHCNRF_InterruptLevel | SHCNRF_ShellLevel, 0x6201F, kMsgShellChange, 1,
-                                       &entry);
+    notifyId_ = SHChangeNotifyRegister(hwnd(), SHCNRF_InterruptLevel | SHCNRF_ShellLevel, kRegisteredEvents,
+                                       kMsgShellChange, 1, &entry);
 }
 
 void CMyShellBrowser::TearDownView() {

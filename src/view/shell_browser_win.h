@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "view/column_store.h"
+#include "view/shell_change.h"
 #include "view/status_worker_win.h"
 #include "win/com_ptr_win.h"
 #include "win/handles_win.h"
@@ -94,6 +95,7 @@ public:
     const std::wstring& StatusText() const { return statusText_; }
     const std::wstring& FreeSpaceText() const { return freeSpaceText_; }
     int HistoryIndex() const { return historyIndex_; }
+    const ShellChange& LastShellChange() const { return lastChange_; }
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
     bool closed = false;  // kept by the panel for reuse
     bool busy = false;
@@ -115,9 +117,9 @@ public:
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    ~CMyShellBrowser() override;  // released through Release; tests derive to reach the hooks
 
 private:
-    ~CMyShellBrowser() override;
     void OnTimer(UINT_PTR id);
     void OnStatusReady();
     void OnShellChange(WPARAM wParam, LPARAM lParam);
@@ -178,6 +180,7 @@ private:
     std::wstring statusText_;
     std::wstring freeSpaceText_;
     ULONG notifyId_ = 0;
+    ShellChange lastChange_;
     win::UniquePidl reselect_;
     time_t reselectTime_ = 0;
 
@@ -195,6 +198,9 @@ private:
     bool statusRequested_ = false;
     StatusWorker statusWorker_;
 };
+
+// A shell change notice as the registration delivers it.
+ShellChange ReadShellChange(WPARAM wParam, LPARAM lParam);
 
 // The font of the first list shown, shared by the program.
 HFONT ProgramListFont();

@@ -22,13 +22,6 @@ constexpr UINT kLastMenuId = 32767;
 
 bool KeyDown(int key) { return GetKeyState(key) < 0; }
 
-std::string VerbOf(IContextMenu* menu, UINT offset) {
-    char verb[128] = {};
-    if (FAILED(menu->GetCommandString(offset, GCS_VERBA, nullptr, verb, sizeof(verb)))) return {};
-    for (char* c = verb; *c; ++c) *c = static_cast<char>(tolower(static_cast<unsigned char>(*c)));
-    return verb;
-}
-
 }  // namespace
 
 LRESULT CALLBACK CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -149,7 +142,7 @@ void CMyShellBrowser::RunItemMenu(POINT screen) {
 
 // Copy, cut, paste, delete and rename are the host's own; every other verb goes to the shell.
 bool CMyShellBrowser::RunMenuCommand(IContextMenu* menu, UINT offset) {
-    const std::string verb = VerbOf(menu, offset);
+    const std::string verb = win::VerbOf(menu, offset);
     const bool own = Options().copy_cut_paste_mode == 0;
     if (own && verb == "copy") return Execute(ID_VIEW_COPY), true;
     if (own && verb == "cut") return Execute(ID_VIEW_CUT), true;

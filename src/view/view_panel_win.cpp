@@ -340,6 +340,11 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFOCUS:
         if (active_) SetFocus(active_->hwnd());
         return 0;
+    case WM_DESTROY:
+        // The strip still exists here (children go after their parent's WM_DESTROY): its drop
+        // target is revoked and its tab records freed while it can still be asked for them.
+        tabs_.reset();
+        break;
     case WM_CONTEXTMENU:
         if (reinterpret_cast<HWND>(wParam) == hwnd() || reinterpret_cast<HWND>(wParam) == location_) {
             POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};

@@ -1,5 +1,7 @@
 #include "win/shell_item_win.h"
 
+#include <cctype>
+
 namespace tessel::win {
 
 UniquePidl ClonePidl(PCIDLIST_ABSOLUTE pidl) { return UniquePidl(pidl ? ILCloneFull(pidl) : nullptr); }
@@ -68,6 +70,13 @@ std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl) {
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl) {
     std::wstring text = FileSystemPathOf(pidl);
     return text.empty() ? ParsingNameOf(pidl) : text;
+}
+
+std::string VerbOf(IContextMenu* menu, UINT offset) {
+    char verb[128] = {};
+    if (!menu || FAILED(menu->GetCommandString(offset, GCS_VERBA, nullptr, verb, sizeof(verb)))) return {};
+    for (char* c = verb; *c; ++c) *c = static_cast<char>(tolower(static_cast<unsigned char>(*c)));
+    return verb;
 }
 
 }  // namespace tessel::win

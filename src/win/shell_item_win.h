@@ -23,5 +23,7 @@ std::wstring ParsingNameOf(PCIDLIST_ABSOLUTE pidl);
 std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl);  // "" when the folder has no path
 // The path, or the parsing name of a folder without one: text that parses back to the folder.
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl);
+// The language-independent verb of a context-menu command, lower case; "" when it has none.
+std::string VerbOf(IContextMenu* menu, UINT offset);
 
 }  // namespace tessel::win

@@ -31,6 +31,7 @@ TEST(GeneralOptions, PresentKeysOverrideAndNonNumbersReadAsZero) {
     store.PutString(L"Start", L"TAB_MAX_WIDTH", L"250");
     store.PutString(L"Start", L"useTreeColor", L"banana");
     store.PutString(L"Start", L"Als", L"-3");  // no range checks at load
+    store.PutString(L"Start", L"tabs_hover_time", L"5");  // outside the table, read in the same load
     GeneralOptions options;
     LoadGeneralOptions(store, options);
     EXPECT_EQ(options.show_tabs, 0);
@@ -39,6 +40,8 @@ TEST(GeneralOptions, PresentKeysOverrideAndNonNumbersReadAsZero) {
     EXPECT_EQ(options.useTreeColor, 0);
     EXPECT_EQ(options.Als, -3);
     EXPECT_EQ(options.tree_auto_sel, 1);
+    EXPECT_EQ(options.tabs_hover_time, 5);
+    EXPECT_EQ(options.tree_hover_time, 0);
 }
 
 TEST(GeneralOptions, TableHoldsEveryKeyOnceInLoadingOrder) {

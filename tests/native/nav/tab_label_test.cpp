@@ -46,6 +46,11 @@ TEST(TabLabel, SelectionAfterClosing) {
     EXPECT_EQ(TabSelectedAfterClose(0, 3, 2), 1) << "closing left of the selection shifts it";
     EXPECT_EQ(TabSelectedAfterClose(2, 3, 0), 0);
     EXPECT_EQ(TabSelectedAfterClose(5, 3, 0), -1);
+    // A tab whose browser view was never made hands over to its left neighbour only.
+    EXPECT_EQ(TabSelectedAfterClose(1, 3, 1, false), 0);
+    EXPECT_EQ(TabSelectedAfterClose(2, 3, 2, false), 1);
+    EXPECT_EQ(TabSelectedAfterClose(0, 3, 0, false), 0) << "no left neighbour: the next one moves in";
+    EXPECT_EQ(TabSelectedAfterClose(0, 3, 2, false), 1);
 }
 
 }  // namespace

@@ -55,5 +55,30 @@ TEST(ColumnStore, HistoryStreamsAreUsedOnceWhenArmed) {
     EXPECT_EQ(store.Size(), 0u) << "history streams are not column memory";
 }
 
+// The tabs of one T-View each hold a store of the same section: whatever order they save in,
+// no tab's columns are lost, and a tab that saves later sees what the others wrote.
+TEST(ColumnStore, SavesFromTabsOfOneViewKeepEachOthersColumns) {
+    testing::MemorySettings settings;
+    const std::wstring section = L"Column_OS_10.0_TView1";
+    ColumnStore first, second;
+    first.Load(settings, section);
+    second.Load(settings, section);
+    first.Replace(L"Spatlen_5") = {5};
+    first.Save(settings, section);
+    second.Replace(L"Spatlen_9") = {9};
+    second.Save(settings, section);
+    first.Replace(L"Spatlen_5") = {55};
+    first.Save(settings, section);
+    second.Save(settings, section);  // nothing changed: the newer value of the other tab stays
+
+    ColumnStore fresh;
+    fresh.Load(settings, section);
+    ASSERT_NE(fresh.Find(L"Spatlen_5"), nullptr);
+    ASSERT_NE(fresh.Find(L"Spatlen_9"), nullptr);
+    EXPECT_EQ(*fresh.Find(L"Spatlen_5"), StreamBytes{55});
+    EXPECT_EQ(*fresh.Find(L"Spatlen_9"), StreamBytes{9});
+    ASSERT_NE(first.Find(L"Spatlen_9"), nullptr) << "a save takes in what other tabs wrote";
+}
+
 }  // namespace
 }  // namespace tessel
