@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "nav/drop_target_win.h"
 #include "view_host_win.h"
 
 namespace tessel::testing {
@@ -83,6 +84,28 @@ TEST(BrowserLeaks, AThousandNavigationsStayFlat) {
     EXPECT_EQ(after.windows, before.windows) << "every replaced view window is gone";
     EXPECT_LE(after.threads, before.threads) << "status workers end";
     EXPECT_LE(after.privateBytes, before.privateBytes + (16u << 20)) << "views and folders are released";
+}
+
+// Tabs are freed however their T-View goes: its object first (the window follows), or its
+// window first (as when the main window closes and the objects end later).
+TEST(BrowserLeaks, ViewsClosedWithTabsFreeTheirRecordsAndDropTargets) {
+    const int records = TabRecord::live, targets = CIDropTargetPlus::live;
+    {
+        ViewHost host(2);
+        TempFolder folder;
+        for (int p = 0; p < 2; ++p) {
+            ASSERT_TRUE(host.Panel(p).NavigateToText(folder.path()));
+            host.Panel(p).NewTab();
+            host.Panel(p).NewTab();
+        }
+        EXPECT_EQ(TabRecord::live, records + 6);
+        EXPECT_EQ(CIDropTargetPlus::live, targets + 2);
+        DestroyWindow(host.Panel(1).hwnd());  // the window before the object
+        EXPECT_EQ(TabRecord::live, records + 3);
+        EXPECT_EQ(CIDropTargetPlus::live, targets + 1) << "the strip's drop target is revoked";
+    }
+    EXPECT_EQ(TabRecord::live, records);
+    EXPECT_EQ(CIDropTargetPlus::live, targets);
 }
 
 }  // namespace

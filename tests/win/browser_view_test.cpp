@@ -229,5 +229,92 @@ TEST_F(BrowserView, NewFolderGetsAFreeName) {
     EXPECT_EQ(ListCount(browser), 6);
 }
 
+// A shell notice arrives as the registration asked: wParam points to the two item identifier
+// lists, lParam is the event. A create makes the free space and the status follow.
+TEST_F(BrowserView, ShellChangeNoticesReachTheStatusWithTheirPaths) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    ASSERT_TRUE(PumpUntil([&] { return !browser.StatusText().empty(); }));
+    const std::wstring before = browser.StatusText();
+    WriteBytes(files_ / L"new.txt", std::string(100000, 'n'));  // the total size shows it
+    Pump(300);
+    ASSERT_EQ(browser.StatusText(), before) << "nothing asked for the status yet";
+
+    win::UniquePidl created = win::PidlFromPath(files_ / L"new.txt");
+    PCIDLIST_ABSOLUTE items[2] = {created.get(), nullptr};
+    SendMessageW(browser.hwnd(), kMsgShellChange, reinterpret_cast<WPARAM>(items), SHCNE_CREATE);
+    EXPECT_EQ(browser.LastShellChange().event, SHCNE_CREATE);
+    EXPECT_EQ(LowerCase(browser.LastShellChange().first), LowerCase(files_ / L"new.txt"));
+    EXPECT_TRUE(PumpUntil([&] { return browser.StatusText() != before; })) << "the free-space timer ran";
+
+    win::UniquePidl old = win::PidlFromPath(files_ / L"a.txt");
+    PCIDLIST_ABSOLUTE renamed[2] = {old.get(), created.get()};
+    SendMessageW(browser.hwnd(), kMsgShellChange, reinterpret_cast<WPARAM>(renamed), SHCNE_RENAMEITEM);
+    EXPECT_EQ(LowerCase(PathForFolderSizes(browser.LastShellChange())), LowerCase(files_ / L"new.txt"));
+}
+
+// Navigations asked for while a view is being made (the view calls back for every item it
+// lists) are dropped: the running navigation records the folder its view shows.
+class InterferingBrowser : public CMyShellBrowser {
+public:
+    using CMyShellBrowser::CMyShellBrowser;
+    STDMETHODIMP IncludeObject(IShellView* view, PCUITEMID_CHILD item) override {
+        if (!interfere.empty()) {
+            const std::wstring other = std::exchange(interfere, L"");
+            nested = NavigateTo(win::PidlFromPath(other), false, true);
+            refreshed = RefreshView();
+        }
+        return CMyShellBrowser::IncludeObject(view, item);
+    }
+    std::wstring interfere;
+    int nested = -1;
+    HRESULT refreshed = S_OK;
+};
+
+TEST_F(BrowserView, NavigationsAskedForDuringANavigationAreDropped) {
+    TempFolder other;
+    auto* browser = new InterferingBrowser(host_.Panel(1), L"Column_Test", nullptr);
+    win::ComPtr<InterferingBrowser> held;
+    *held.put() = browser;
+    ASSERT_TRUE(browser->Create(host_.Panel(1).hwnd()));
+    for (const std::wstring& folder : {files_ / L"sub", files_.path()}) {
+        browser->interfere = other.path();
+        ASSERT_EQ(browser->NavigateTo(win::PidlFromPath(folder), false, true), 1);
+        EXPECT_TRUE(browser->interfere.empty()) << "the view asked about its items while it was made";
+        EXPECT_EQ(browser->nested, 0);
+        EXPECT_NE(browser->refreshed, S_OK);
+        EXPECT_EQ(LowerCase(browser->CurrentPath()), LowerCase(folder));
+    }
+    EXPECT_EQ(ListCount(*browser), 4) << "the view shows the folder recorded";
+    DestroyWindow(browser->hwnd());
+}
+
+TEST_F(BrowserView, OnlyListsOfThisViewAreUsedAndTheListFontIsOwned) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    HWND own = browser.GetListControl();
+    ASSERT_TRUE(own && IsChild(browser.ViewWindow(), own));
+
+    // The program's list font is a copy: the list's own font goes with its view.
+    auto listFont = reinterpret_cast<HFONT>(SendMessageW(own, WM_GETFONT, 0, 0));
+    ASSERT_NE(ProgramListFont(), nullptr);
+    EXPECT_NE(ProgramListFont(), listFont);
+    LOGFONTW copy{}, original{};
+    EXPECT_TRUE(GetObjectW(ProgramListFont(), sizeof(copy), &copy));
+    if (listFont && GetObjectW(listFont, sizeof(original), &original)) {
+        EXPECT_STREQ(copy.lfFaceName, original.lfFaceName);
+    }
+
+    // Without a list of its own the view has none, whatever lists other windows have.
+    HWND stranger = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr,
+                                    GetModuleHandleW(nullptr), nullptr);
+    ASSERT_NE(stranger, nullptr);
+    DestroyWindow(own);
+    EXPECT_EQ(browser.GetListControl(), nullptr);
+    DestroyWindow(stranger);
+    ASSERT_TRUE(Go(files_ / L"sub")) << "the next navigation makes a new view with its list";
+    EXPECT_NE(browser.GetListControl(), nullptr);
+}
+
 }  // namespace
 }  // namespace tessel::testing

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
+#include "core/general_options.h"
+#include "core/settings_store_win.h"
 #include "nav/tab_ctrl_win.h"
 #include "view_host_win.h"
 #include "win/shell_item_win.h"
@@ -82,6 +86,48 @@ TEST(DragDrop, FoldersOpenTabsAndTabsMoveBetweenViews) {
     CCBrowserTabCtrl::EndTabDrag();
     EXPECT_EQ(left.Count(), 1) << "the last tab of a T-View stays";
     EXPECT_FALSE(CCBrowserTabCtrl::TabDragActive());
+}
+
+// A drop on a strip only opens what it names: the source is told link (or copy), never move,
+// and none when nothing opened, so it never deletes what was dragged.
+TEST(DragDrop, DropsOnAStripReportWhatWasDone) {
+    ViewHost host(1);
+    TempFolder a, b;
+    WriteBytes(b / L"file.txt", "x");
+    ASSERT_TRUE(host.Panel().NavigateToText(a.path()));
+    CCBrowserTabCtrl& strip = host.Panel().Tabs().Control();
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    strip.Drop(DataOf(b / L"file.txt").get(), 0, {0, 0}, &effect);
+    EXPECT_EQ(effect, DWORD(DROPEFFECT_NONE)) << "a file opens nothing";
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
+    strip.Drop(DataOf(b.path()).get(), 0, {0, 0}, &effect);
+    EXPECT_EQ(effect, DWORD(DROPEFFECT_LINK));
+    effect = DROPEFFECT_MOVE;
+    strip.Drop(DataOf(b.path()).get(), 0, {0, 0}, &effect);
+    EXPECT_EQ(effect, DWORD(DROPEFFECT_NONE)) << "a source that only moves is not told it moved";
+    EXPECT_EQ(host.Panel().Tabs().Count(), 3);
+}
+
+// The hover delay is the option loaded at start, not what the file says at the moment.
+TEST(DragDrop, HoverOverATabUsesTheLoadedDelay) {
+    ViewHost host(1);
+    TempFolder a;
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(a.path()));
+    panel.NewTab();
+    CCBrowserTabView& tabs = panel.Tabs();
+    ASSERT_EQ(tabs.Selected(), 1);
+    Settings().PutInt(L"Start", L"tabs_hover_time", 4);  // 3 s, written after the load
+    Options().tabs_hover_time = 5;                        // 0.2 s: opens at once
+    RECT tab;
+    SendMessageW(tabs.Strip(), TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
+    POINT centre{(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2};
+    ClientToScreen(tabs.Strip(), &centre);
+    win::ComPtr<IDataObject> data = DataOf(a.path());
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_LINK;
+    tabs.Control().DragEnter(data.get(), 0, {centre.x, centre.y}, &effect);
+    EXPECT_EQ(tabs.Selected(), 0);
+    tabs.Control().DragLeave();
 }
 
 }  // namespace

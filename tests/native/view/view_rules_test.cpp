@@ -7,6 +7,7 @@
 #include "view/browser_slots.h"
 #include "view/copy_name.h"
 #include "view/location_text.h"
+#include "view/shell_change.h"
 #include "view/status_text.h"
 
 namespace tessel {
@@ -91,6 +92,21 @@ TEST(CopyName, NumbersUntilFreeAndKeepsTheExtension) {
     EXPECT_EQ(FreeCopyName(L".profile", taken), L".profile (2)");
     EXPECT_EQ(FreeCopyName(L"archive.tar.gz", taken), L"archive.tar (2).gz");
     EXPECT_EQ(FreeCopyName(L"x", [](const std::wstring&) { return true; }), L"x (10000)");
+}
+
+TEST(ShellChange, FreeSpaceEventsAndThePathTheFolderSizesHear) {
+    for (long event : {kEventCreate, kEventDelete, kEventMkdir, kEventRmdir, kEventDriveRemoved, kEventDriveAdd,
+                       kEventFreeSpace})
+        EXPECT_TRUE(ChangeAffectsFreeSpace(event)) << event;
+    for (long event : {0x1L, 0x2000L, 0x20000L, 0L})  // rename, update, folder rename, none
+        EXPECT_FALSE(ChangeAffectsFreeSpace(event)) << event;
+    EXPECT_EQ(kRegisteredEvents & (kEventDriveAdd | kEventDriveRemoved), 0) << "the drive events are not asked for";
+
+    const ShellChange rename{kEventRenameItem, L"C:\\old.txt", L"C:\\new.txt"};
+    EXPECT_EQ(PathForFolderSizes(rename), L"C:\\new.txt");
+    EXPECT_EQ(PathForFolderSizes({kEventCreate, L"C:\\a", L""}), L"C:\\a");
+    EXPECT_EQ(PathForFolderSizes({kEventUpdateItem, L"C:\\b", L""}), L"C:\\b");
+    EXPECT_EQ(PathForFolderSizes({kEventDelete, L"C:\\c", L""}), L"");
 }
 
 }  // namespace
