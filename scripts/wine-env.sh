@@ -24,6 +24,14 @@ tessel_wine_prefix() {
       "$WINESERVER" -w
       touch "$WINEPREFIX/.tessel-ready"
     fi
+    # Drive Z: is the host's "/", whose device Wine may not read: every drive label it is asked
+    # for (the Computer folder lists Z: with its label) then prints "Read access denied for
+    # device ... FS volume label and serial are not available". A readable stand-in device
+    # with no file system gives the same answer (no label) without the line.
+    if [ ! -e "$WINEPREFIX/dosdevices/z::" ]; then
+      head -c 8192 /dev/zero > "$wine_root/z-device"
+      ln -sfn "$wine_root/z-device" "$WINEPREFIX/dosdevices/z::"
+    fi
   ) 9>"$wine_root.lock"
 }
 mkdir -p "$wine_root"
