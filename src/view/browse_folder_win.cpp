@@ -11,6 +11,7 @@
 #include "view/location_text.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
+#include "win/subclass_win.h"
 
 namespace tessel {
 
@@ -185,8 +186,7 @@ bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTING
 void CMyShellBrowser::AfterViewCreated() {
     HWND list = GetListControl();
     if (list && IsChild(viewWindow_, list)) {
-        SetWindowSubclass(list, &CMyShellBrowser::ListProc, 1, reinterpret_cast<DWORD_PTR>(this));
-        subclassedList_ = list;
+        if (win::Subclass(list, &CMyShellBrowser::ListProc, this)) subclassedList_ = list;
         if (Options().no_keep_grouping) {
             SendMessageW(list, LVM_ENABLEGROUPVIEW, FALSE, 0);
             SendMessageW(list, LVM_REMOVEALLGROUPS, 0, 0);

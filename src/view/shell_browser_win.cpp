@@ -7,6 +7,7 @@
 #include "res/resource.h"
 #include "view/status_text.h"
 #include "win/shell_item_win.h"
+#include "win/subclass_win.h"
 
 namespace tessel {
 namespace {
@@ -270,7 +271,7 @@ void CMyShellBrowser::TearDownView() {
     statusWorker_.Stop();
     if (notifyId_) SHChangeNotifyDeregister(notifyId_);
     notifyId_ = 0;
-    if (subclassedList_) RemoveWindowSubclass(subclassedList_, &CMyShellBrowser::ListProc, 1);
+    if (subclassedList_) win::Unsubclass(subclassedList_);
     subclassedList_ = nullptr;
     if (view_) {
         view_->UIActivate(SVUIA_DEACTIVATE);

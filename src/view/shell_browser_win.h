@@ -133,7 +133,7 @@ private:
     std::wstring FolderPathForStatus() const;
 
     // Context menus, keyboard and the clipboard of the list.
-    static LRESULT CALLBACK ListProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
+    static LRESULT ListProc(HWND, UINT, WPARAM, LPARAM, void* data);
     bool OnListKey(WPARAM key);
     void OnListContextMenu(HWND list, LPARAM lParam);
     void RunItemMenu(POINT screenPoint);

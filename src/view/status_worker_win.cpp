@@ -35,8 +35,15 @@ bool ScanFolder(const std::wstring& folder, ListCounts& counts, std::stop_token 
     return !stop.stop_requested();
 }
 
-constexpr int kBatchSize = 500;
-constexpr ULONGLONG kBatchTimeMs = 8;  // the GUI thread answers one batch at most this long
+constexpr int kBatchSize = 5000;
+constexpr double kBatchTimeMs = 8;  // the GUI thread answers one batch at most this long
+
+double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse for the limit
+    LARGE_INTEGER frequency, counter;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&counter);
+    return counter.QuadPart * 1000.0 / frequency.QuadPart;
+}
 
 }  // namespace
 
@@ -65,8 +72,8 @@ LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellF
     std::lock_guard lock(batchMutex_);
     if (!batch_.asked || !list || !view || !folder) return 0;
     int index = batch_.after;
-    const ULONGLONG start = GetTickCount64();
-    for (int n = 0; n < kBatchSize && GetTickCount64() - start < kBatchTimeMs; ++n) {
+    const double deadline = NowMs() + kBatchTimeMs;
+    for (int n = 0; n < kBatchSize && (n % 64 != 0 || NowMs() < deadline); ++n) {
         index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED));
         batch_.last = index;
         if (index < 0) break;

@@ -13,6 +13,7 @@
 #include "view/file_clipboard_win.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
+#include "win/subclass_win.h"
 
 namespace tessel {
 namespace {
@@ -24,15 +25,14 @@ bool KeyDown(int key) { return GetKeyState(key) < 0; }
 
 }  // namespace
 
-LRESULT CALLBACK CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                           DWORD_PTR data) {
-    auto* self = reinterpret_cast<CMyShellBrowser*>(data);
+LRESULT CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, void* data) {
+    auto* self = static_cast<CMyShellBrowser*>(data);
     switch (message) {
     case WM_CONTEXTMENU:
         self->OnListContextMenu(list, lParam);
         return 0;
     case WM_SETFOCUS: {
-        const LRESULT result = DefSubclassProc(list, message, wParam, lParam);
+        const LRESULT result = win::CallOriginal(list, message, wParam, lParam);
         self->owner_.BrowserFocused(*self);  // this T-View is now the one in use
         return result;
     }
@@ -63,11 +63,10 @@ LRESULT CALLBACK CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wPara
         break;
     }
     case WM_NCDESTROY:
-        RemoveWindowSubclass(list, &CMyShellBrowser::ListProc, 1);
-        if (self->subclassedList_ == list) self->subclassedList_ = nullptr;
+        if (self->subclassedList_ == list) self->subclassedList_ = nullptr;  // the table lets it go
         break;
     }
-    return DefSubclassProc(list, message, wParam, lParam);
+    return win::CallOriginal(list, message, wParam, lParam);
 }
 
 bool CMyShellBrowser::OnListKey(WPARAM key) {
