@@ -37,5 +37,6 @@ fresh_state() {
 . "$here/scripts/bench-launch.sh"
 launch_runs "$exe" peak-working-set-mb fresh_state
 echo "Start with 4 T-Views x 4 tabs to main window, 10 runs (ms): ${times[*]}"
+echo "  median ms since the process was created, by step: $(split)"
 echo "startup-4x4-ms: $(median "${times[@]}")"
 echo "startup-peak-working-set-mb: $(median "${memory[@]}")"

@@ -13,5 +13,6 @@ exe=$(WINEDEBUG=-all "$WINE" winepath -w "$work/tessel.exe" 2>/dev/null | tr -d 
 . "$here/scripts/bench-launch.sh"
 launch_runs "$exe" working-set-mb
 echo "Start to main window, 10 runs (ms): ${times[*]}"
+echo "  median ms since the process was created, by step: $(split)"
 echo "startup-window-ms: $(median "${times[@]}")"
 echo "startup-window-working-set-mb: $(median "${memory[@]}")"

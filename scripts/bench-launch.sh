@@ -8,14 +8,25 @@ launch_runs() {
   memory=()
   for run in $(seq 0 10); do
     [ -n "$prepare" ] && "$prepare"
+    rm -f "$work/trace.txt"
     # Into a file: a command substitution would wait for Wine's helpers holding the pipe.
-    "$WINE" "$bin/winctl.exe" launch "$exe" > "$work/launch.txt"
+    TESSEL_START_TRACE="Z:${work//\//\\}\\trace.txt" "$WINE" "$bin/winctl.exe" launch "$exe" > "$work/launch.txt"
     out=$(tr -d '\r' < "$work/launch.txt")
     "$WINE" "$bin/winctl.exe" close 20000
     [ "$run" -eq 0 ] && continue
     times+=("$(sed -n 's/^window-ms: //p' <<<"$out")")
+    cat "$work/trace.txt" >> "$work/traces.txt" 2>/dev/null || true
     memory+=("$(sed -n "s/^$figure: //p" <<<"$out")")
   done
+}
+
+# The median time of each start-up step over the runs (ms since the process was created).
+split() {
+  local step line=""
+  for step in $(awk -F': ' '!seen[$1]++ { print $1 }' "$work/traces.txt"); do
+    line+="${line:+, }$step $(median $(sed -n "s/^$step: //p" "$work/traces.txt"))"
+  done
+  echo "$line"
 }
 
 median() { printf '%s\n' "$@" | sort -n | awk '{a[NR]=$1} END {print (NR%2 ? a[(NR+1)/2] : (a[NR/2]+a[NR/2+1])/2)}'; }

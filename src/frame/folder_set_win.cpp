@@ -91,6 +91,7 @@ void GiveSettings(const TabState& state, TabRecord& record) {
 // as new tabs, made lazily. A folder that is gone opens no tab.
 void RestoreTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int selected) {
     CCBrowserTabView& strip = panel.Tabs();
+    CCBrowserTabView::LayoutHold hold(strip);
     for (int i = strip.Count() - 1; i >= 0; --i)
         if (i != strip.Selected()) strip.CloseTab(i);
     int select = -1;

@@ -62,6 +62,7 @@ void CMainFrame::Layout() {
     if (!panels_[kViewCount - 1]) return;  // still being created
     RECT client;
     GetClientRect(hwnd(), &client);
+    laidOut_ = {client.right, client.bottom};
     if (layoutToolbar_.hwnd()) {
         const int height = layoutToolbar_.Height() + win::Scaled(hwnd(), 2);
         SetWindowPos(layoutToolbar_.hwnd(), nullptr, 0, 0, client.right, height, SWP_NOZORDER | SWP_NOACTIVATE);

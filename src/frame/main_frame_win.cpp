@@ -8,6 +8,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "frame/help_win.h"
+#include "win/start_trace_win.h"
 #include "res/resource.h"
 #include "win/shell_item_win.h"
 
@@ -61,7 +62,9 @@ bool CMainFrame::CreateFrame(int showCommand) {
     accelerators_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_ACCELERATORS));
     if (MessageLoop* loop = Module().LoopOf(GetCurrentThreadId())) loop->AddFilter(this);
     ShowWindow(hwnd(), showCommand);
+    StartMark("shown");
     UpdateWindow(hwnd());
+    StartMark("painted");
     return true;
 }
 
@@ -71,6 +74,7 @@ bool CMainFrame::PreTranslate(MSG& message) {
 }
 
 bool CMainFrame::OnCreate() {
+    StartMark("frame-create");
     LoadGeneralOptions(Settings(), Options());
     ReplaceMenu();
     statusBar_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | SBARS_SIZEGRIP, 0, 0, 0, 0, hwnd(),
@@ -83,6 +87,7 @@ bool CMainFrame::OnCreate() {
         panels_[i] = std::make_unique<CPloder>(i);
         if (!panels_[i]->Create(hwnd())) return false;
     }
+    StartMark("panels");
     HWND tree = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"",
                                 WS_CHILD | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS, 0, 0, 0, 0,
                                 hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(IDC_FRAME_TREE)),
@@ -94,7 +99,9 @@ bool CMainFrame::OnCreate() {
     SetLayout(layout_.layout, false);
     SetTreeMode(Settings().GetInt(L"Start", L"tree_mode", 0));
     ShowStatusBar(Options().StatusBar != 0);
+    StartMark("layout");
     ApplyCommandLine();
+    StartMark("views");
     return true;
 }
 
@@ -104,6 +111,7 @@ void CMainFrame::ApplyCommandLine() {
         FileRemover remover;
         LoadLastStateGuarded(Settings(), Settings().DataFolder(), remover,
                              [this](const std::wstring& path) { return LoadFolderSet(path, false); });
+        StartMark("last-state");
     }
     if (!plan.folderSetFile.empty() && !LoadFolderSet(plan.folderSetFile, true)) {
         PostMessageW(hwnd(), WM_COMMAND, ID_VIEW_REFRESH_ALL, kFailedLoadParam);
@@ -112,15 +120,14 @@ void CMainFrame::ApplyCommandLine() {
     for (int i = 0; i < kViewCount; ++i)
         if (!plan.viewPaths[i].empty()) panels_[i]->NavigateToText(plan.viewPaths[i]);
     FillEmptyViews();
+    FocusView(focusedView_);  // the views just made took the focus in turn: back to the T-View in use
 
 }
 
+// Only the T-Views without a location are navigated.
 void CMainFrame::FillEmptyViews() {
-    // From 4 down to 1, so that T-View 1 ends up focused.
-    for (int i = kViewCount - 1; i >= 0; --i) {
+    for (int i = kViewCount - 1; i >= 0; --i)
         if (!panels_[i]->HasLocation()) panels_[i]->NavigateToSpecial(CSIDL_DRIVES);
-        SetFocus(panels_[i]->hwnd());
-    }
 }
 
 void CMainFrame::SaveViewSettings() {
@@ -284,7 +291,11 @@ void CMainFrame::ForcedEnd() {
 LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE: return OnCreate() ? 0 : -1;
-    case WM_SIZE: Layout(); return 0;
+    case WM_SIZE:
+        // Showing the window the first time sends the size it already has: laying the four
+        // views out again would only repaint them.
+        if (LOWORD(lParam) != laidOut_.cx || HIWORD(lParam) != laidOut_.cy) Layout();
+        return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam), lParam); return 0;
     case WM_INITMENUPOPUP: OnInitMenuPopup(reinterpret_cast<HMENU>(wParam)); return 0;
     case WM_CLOSE: RequestClose(); return 0;
@@ -303,9 +314,14 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED: EndBarDrag(); return 0;
     case WM_NOTIFY: return OnNotify(reinterpret_cast<NMHDR*>(lParam));
-    case kMsgViewFocused:
-        if (wParam < kViewCount) focusedView_ = static_cast<int>(wParam) + 1;
+    case kMsgViewFocused: {
+        // Posted when a list took the focus; views activated while a folder set is applied post
+        // it too, so only the T-View that holds the focus now counts.
+        HWND focus = GetFocus();
+        if (wParam < kViewCount && focus && IsChild(panels_[wParam]->hwnd(), focus))
+            focusedView_ = static_cast<int>(wParam) + 1;
         return 0;
+    }
     case WM_DESTROY:
         for (auto& panel : panels_)
             if (panel) DestroyWindow(panel->hwnd());

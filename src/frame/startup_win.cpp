@@ -11,6 +11,7 @@
 #include "frame/help_win.h"
 #include "frame/instance_counter.h"
 #include "frame/main_frame_win.h"
+#include "win/start_trace_win.h"
 #include "win/handles_win.h"
 
 namespace tessel {
@@ -19,12 +20,14 @@ bool HandleSetupCommand(const std::wstring&) { return false; }
 
 int Entry(HINSTANCE, const wchar_t* commandLine, int showCommand) {
     // A drive without medium answers with an error instead of asking the user to insert one.
+    StartMark("entry");
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     HRESULT com = CoInitialize(nullptr);
     HRESULT ole = OleInitialize(nullptr);
     DefWindowProcW(nullptr, 0, 0, 0);  // makes sure the window library is loaded
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES | ICC_USEREX_CLASSES | ICC_COOL_CLASSES};
     InitCommonControlsEx(&controls);
+    StartMark("com-ole-controls");
 
     int code = Run(commandLine ? commandLine : L"", showCommand);
 
@@ -48,6 +51,7 @@ int Run(const std::wstring& commandLine, int showCommand) {
     struct SettingsLifetime {
         ~SettingsLifetime() { DestroySettings(); }
     } settingsLifetime;
+    StartMark("settings");
     if (HandleSetupCommand(commandLine)) {
         PostQuitMessage(1);
         return 0;

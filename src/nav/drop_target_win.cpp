@@ -37,11 +37,7 @@ std::wstring FirstFileOf(IDataObject* data) {
 
 }  // namespace
 
-CIDropTargetPlus::CIDropTargetPlus(HWND owner) : owner_(owner) {
-    ++live;
-    CoCreateInstance(CLSID_DragDropHelper, nullptr, CLSCTX_INPROC_SERVER, IID_IDropTargetHelper,
-                     dragImages_.put_void());
-}
+CIDropTargetPlus::CIDropTargetPlus(HWND owner) : owner_(owner) { ++live; }
 
 STDMETHODIMP CIDropTargetPlus::QueryInterface(REFIID riid, void** object) {
     if (!object) return E_POINTER;
@@ -58,6 +54,9 @@ STDMETHODIMP_(ULONG) CIDropTargetPlus::Release() {
 }
 
 STDMETHODIMP CIDropTargetPlus::DragEnter(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) {
+    if (!dragImages_)  // made at the first drag, not with every strip at start
+        CoCreateInstance(CLSID_DragDropHelper, nullptr, CLSCTX_INPROC_SERVER, IID_IDropTargetHelper,
+                         dragImages_.put_void());
     enterKeys_ = keys;
     POINT at{point.x, point.y};
     if (dragImages_) dragImages_->DragEnter(owner_, data, &at, *effect);

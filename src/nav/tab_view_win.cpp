@@ -53,7 +53,7 @@ void ApplyTabSettings(const TabRecord& tab, CMyShellBrowser& browser) {
 }
 
 CCBrowserTabView::CCBrowserTabView(ITabOwner& owner, HWND panel) : owner_(owner) {
-    strip_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_CLIPSIBLINGS | TCS_FOCUSNEVER | TCS_TOOLTIPS, 0, 0,
+    strip_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_CLIPSIBLINGS | TCS_FOCUSNEVER, 0, 0,
                              0, 0, panel, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kTabStripId)),
                              GetModuleHandleW(nullptr), nullptr);
     SHFILEINFOW info{};
@@ -121,7 +121,7 @@ int CCBrowserTabView::InsertTab(win::UniquePidl folder, const std::wstring& posi
     TabRecord* held = record.release();  // owned by the strip item from here on
     held->folder = std::move(folder);
     SetLabel(index, held->folder.get());
-    owner_.TabsChanged();
+    if (layoutHolds_ == 0) owner_.TabsChanged();
     return index;
 }
 

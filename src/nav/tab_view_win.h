@@ -88,6 +88,20 @@ public:
     // A command of the width menu: 60..300 cuts labels to that width, 50 leaves them whole.
     void SetLabelWidth(int command);
     CCBrowserTabCtrl& Control() { return *control_.get(); }
+    // While held, inserted tabs do not lay the panel out each; the panel is laid out once when the
+    // last hold ends (a folder set opens many tabs at once).
+    class LayoutHold {
+    public:
+        explicit LayoutHold(CCBrowserTabView& view) : view_(view) { ++view_.layoutHolds_; }
+        ~LayoutHold() {
+            if (--view_.layoutHolds_ == 0) view_.owner_.TabsChanged();
+        }
+        LayoutHold(const LayoutHold&) = delete;
+        LayoutHold& operator=(const LayoutHold&) = delete;
+
+    private:
+        CCBrowserTabView& view_;
+    };
 
 private:
     static LRESULT CALLBACK StripProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
@@ -100,6 +114,7 @@ private:
     HWND strip_ = nullptr;
     win::ComPtr<CCBrowserTabCtrl> control_;
     CMyShellBrowser* shown_ = nullptr;
+    int layoutHolds_ = 0;
 };
 
 }  // namespace tessel

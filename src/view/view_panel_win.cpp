@@ -68,7 +68,8 @@ bool CPloder::Create(HWND parent) {
 }
 
 bool CPloder::OnCreate() {
-    tree_ = Child(WC_TREEVIEWW, WS_CLIPSIBLINGS | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+    // No item tooltips: each is a popup window of its own, costly to make for a mostly hidden tree.
+    tree_ = Child(WC_TREEVIEWW, WS_CLIPSIBLINGS | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_NOTOOLTIPS,
                   WS_EX_CLIENTEDGE, hwnd(), kTreeId);
     filterBox_ = Child(L"EDIT", WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, hwnd(), kFilterBoxId);
     ReadFilterValues();

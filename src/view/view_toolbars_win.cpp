@@ -24,6 +24,25 @@ std::vector<int> LoadToolbarCommands(int resourceId) {
     return commands;
 }
 
+namespace {
+
+// Every T-View shows the same pictures: they are drawn once per toolbar and size and copied.
+HIMAGELIST ImagesFor(int resourceId, const std::vector<int>& commands, int size) {
+    struct Drawn {
+        int resourceId, size;
+        HIMAGELIST images;  // kept for the life of the program
+    };
+    static std::vector<Drawn> drawn;
+    for (const Drawn& entry : drawn)
+        if (entry.resourceId == resourceId && entry.size == size) return ImageList_Duplicate(entry.images);
+    HIMAGELIST images = DrawToolbarImages(commands, size);
+    if (!images) return nullptr;
+    drawn.push_back({resourceId, size, images});
+    return ImageList_Duplicate(images);
+}
+
+}  // namespace
+
 ViewToolbars::~ViewToolbars() {
     for (HWND& bar : bars_)
         if (bar && IsWindow(bar)) DestroyWindow(bar);
@@ -43,8 +62,7 @@ void ViewToolbars::Make(HWND panel, HWND statusBar, int index, int resourceId) {
     std::vector<int> pictured;
     for (int command : commands)
         if (command) pictured.push_back(command);
-    const int size = win::Scaled(panel, 16);
-    HIMAGELIST images = DrawToolbarImages(pictured, size);
+    HIMAGELIST images = ImagesFor(resourceId, pictured, win::Scaled(panel, 16));
     SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
     std::vector<TBBUTTON> buttons;
     int image = 0;

@@ -125,6 +125,31 @@ TEST_F(Startup, QuitAndRestartBringsLayoutSplittersAndFoldersBack) {
     EXPECT_FALSE(FileExists(folder_ / L"start.tsf.new")) << "no half-written file left behind";
 }
 
+// The T-View a last state names keeps the focus through the start and is saved again at exit.
+TEST_F(Startup, TheFocusOfTheLastStateComesBack) {
+    TempFolder a, b, c;
+    std::wstring state = L"Tessel Version=4.19\r\nViewMode=0\r\n";
+    const std::wstring folders[3] = {a.path(), b.path(), c.path()};
+    for (int v = 1; v <= 3; ++v)
+        state += L"Folder" + std::to_wstring(v) + L"=" + folders[v - 1] + L"\r\n";
+    state += L"Focus=3\r\n\r\n";
+    std::string bytes = "\xFF\xFE";
+    for (wchar_t ch : state) bytes += {static_cast<char>(ch & 0xFF), static_cast<char>(ch >> 8)};
+    WriteBytes(folder_ / L"start.tsf", bytes);
+    {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        EXPECT_EQ(LowerCase(tessel.PanelText(3)), LowerCase(c.path()));
+        Sleep(500);  // the posted focus notices of the views are served
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    const std::string saved = ReadBytes(folder_ / L"start.tsf");
+    std::wstring text;
+    for (size_t i = 2; i + 1 < saved.size(); i += 2)
+        text += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
+    EXPECT_NE(text.find(L"\r\nFocus=3\r\n"), std::wstring::npos) << std::string(text.begin() + text.find(L"Focus"), text.begin() + text.find(L"Focus") + 7);
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
