@@ -134,8 +134,20 @@ int CCBrowserTabView::IndexOf(const CMyShellBrowser* browser) const {
 void CCBrowserTabView::UpdateTab(CMyShellBrowser* browser, PCIDLIST_ABSOLUTE folder) {
     const int index = IndexOf(browser);
     if (index < 0) return;
-    Record(index)->folder = win::ClonePidl(folder);
-    SetLabel(index, folder);
+    TabRecord* record = Record(index);
+    record->folder = win::ClonePidl(folder);
+    // A hidden strip (one tab) is not labelled at every navigation: the name and icon look-up
+    // is a good part of what a navigation costs beyond the shell's own view.
+    record->labelStale = !(GetWindowLongW(strip_, GWL_STYLE) & WS_VISIBLE);  // its own state, not its T-View's
+    if (!record->labelStale) SetLabel(index, folder);
+}
+
+void CCBrowserTabView::RefreshStaleLabels() {
+    for (int i = 0; i < Count(); ++i)
+        if (TabRecord* record = Record(i); record && record->labelStale) {
+            record->labelStale = false;
+            SetLabel(i, record->folder.get());
+        }
 }
 
 void CCBrowserTabView::Select(int index) {

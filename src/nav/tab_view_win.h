@@ -50,6 +50,7 @@ struct TabRecord {
     bool hasSettings = false;
     FOLDERSETTINGS settings{};
     std::wstring columnKey, columnValue;
+    bool labelStale = false;  // the folder changed while the strip was hidden
 };
 
 // The folder a tab shows now: its browser view's, or the one it was opened on.
@@ -70,6 +71,8 @@ public:
     int Selected() const;
     int InsertTab(win::UniquePidl folder, const std::wstring& position = L"");
     void UpdateTab(CMyShellBrowser* browser, PCIDLIST_ABSOLUTE folder);
+    // Labels of folders that changed while the strip was hidden, made when it shows again.
+    void RefreshStaleLabels();
     void Select(int index);  // selects and activates
     void ActivateTab();
     bool CloseTab(int index);

@@ -36,7 +36,7 @@ bool ScanFolder(const std::wstring& folder, ListCounts& counts, std::stop_token 
 }
 
 constexpr int kBatchSize = 5000;
-constexpr double kBatchTimeMs = 8;  // the GUI thread answers one batch at most this long
+constexpr double kBatchTimeMs = 5;  // the GUI thread answers one batch at most this long
 
 double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse for the limit
     LARGE_INTEGER frequency, counter;

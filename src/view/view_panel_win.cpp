@@ -273,6 +273,7 @@ void CPloder::Layout() {
     SetWindowPos(location_, nullptr, pad, top, client.right - 2 * pad, line, SWP_NOZORDER);
     top += line;
     if (const int strip = tabs_ ? tabs_->Height() : 0) {
+        tabs_->RefreshStaleLabels();
         SetWindowPos(tabs_->Strip(), nullptr, 0, top, client.right, strip, SWP_NOZORDER | SWP_SHOWWINDOW);
         top += strip;
     } else if (tabs_) {
