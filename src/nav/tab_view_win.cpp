@@ -135,6 +135,7 @@ void CCBrowserTabView::UpdateTab(CMyShellBrowser* browser, PCIDLIST_ABSOLUTE fol
     const int index = IndexOf(browser);
     if (index < 0) return;
     TabRecord* record = Record(index);
+    if (!record->labelStale && win::IdenticalPidl(record->folder.get(), folder)) return;  // refreshed or re-shown
     record->folder = win::ClonePidl(folder);
     // A hidden strip (one tab) is not labelled at every navigation: the name and icon look-up
     // is a good part of what a navigation costs beyond the shell's own view.

@@ -1,6 +1,7 @@
 #include "win/shell_item_win.h"
 
 #include <cctype>
+#include <cstring>
 
 namespace tessel::win {
 
@@ -43,6 +44,12 @@ bool SamePidl(PCIDLIST_ABSOLUTE a, PCIDLIST_ABSOLUTE b) {
     if (!a || !b) return a == b;
     ComPtr<IShellFolder> desktop = DesktopFolder();
     return desktop && HRESULT_CODE(desktop->CompareIDs(0, a, b)) == 0;
+}
+
+bool IdenticalPidl(PCIDLIST_ABSOLUTE a, PCIDLIST_ABSOLUTE b) {
+    if (!a || !b) return a == b;
+    const UINT size = ILGetSize(a);
+    return size == ILGetSize(b) && std::memcmp(a, b, size) == 0;
 }
 
 static std::wstring NameOf(PCIDLIST_ABSOLUTE pidl, SIGDN kind) {
