@@ -97,7 +97,6 @@ bool CMainFrame::OnCreate() {
     });
     ApplyDesignMode();
     SetLayout(layout_.layout, false);
-    SetTreeMode(Settings().GetInt(L"Start", L"tree_mode", 0));
     ShowStatusBar(Options().StatusBar != 0);
     StartMark("layout");
     ApplyCommandLine();
@@ -119,6 +118,9 @@ void CMainFrame::ApplyCommandLine() {
     }
     for (int i = 0; i < kViewCount; ++i)
         if (!plan.viewPaths[i].empty()) panels_[i]->NavigateToText(plan.viewPaths[i]);
+    // The last state brings its own tree mode; any other start mode takes the one kept in "Start".
+    if (Options().Als != kStartModeLastState)
+        if (const int mode = Settings().GetInt(L"Start", L"tree_mode", treeMode_); mode != 0) SetTreeMode(mode);
     FillEmptyViews();
     FocusView(focusedView_);  // the views just made took the focus in turn: back to the T-View in use
 

@@ -107,5 +107,20 @@ TEST_F(Layouts, TreeModeOneShowsTheFrameWideTreeBesideTheViews) {
               std::string::npos) << "the mode is kept";
 }
 
+// The tree mode kept in "Start" counts only for start modes other than the last state, which
+// brings its own.
+TEST_F(Layouts, TheKeptTreeModeCountsOnlyWithoutTheLastState) {
+    const std::wstring ini = folder_ / L"Tessel.ini";
+    WritePrivateProfileStringW(L"Start", L"tree_mode", L"1", ini.c_str());
+    for (const wchar_t* mode : {L"5", L"0"}) {
+        WritePrivateProfileStringW(L"Start", L"Als", mode, ini.c_str());
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        HWND tree = GetDlgItem(tessel.Frame(), IDC_FRAME_TREE);
+        EXPECT_EQ(IsWindowVisible(tree) != FALSE, std::wstring(mode) == L"0") << "Als=" << static_cast<char>(mode[0]);
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+}
+
 }  // namespace
 }  // namespace tessel::testing
