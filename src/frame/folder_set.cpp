@@ -186,6 +186,15 @@ LoadedFolderSet ReadFolderSet(std::wstring_view fileText, int treeMode, int focu
     return set;
 }
 
+bool IsFolderSetText(std::wstring_view text) {
+    const Lines lines(text);
+    std::wstring_view value;
+    if (lines.Find(L"Tessel Version", value)) return true;
+    for (int number = 1; number <= 4; ++number)
+        if (lines.Find(Key(L"Folder", number), value)) return true;
+    return false;
+}
+
 std::wstring FolderSetText(const std::string& bytes) {
     const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
     const size_t size = bytes.size();

@@ -75,6 +75,11 @@ struct LoadedFolderSet {
 // replacement values. `treeMode` and `focus` are the current ones, kept when the file has none.
 LoadedFolderSet ReadFolderSet(std::wstring_view text, int treeMode, int focus);
 
+// Whether a file's text is a folder set at all: it has the header line "Tessel Version=..." or,
+// written by hand, at least one T-View's "Folder<n>=" line. A text file, an empty file or a
+// picture is not one, and opening it fails.
+bool IsFolderSetText(std::wstring_view text);
+
 // The file's bytes as text: UTF-16LE with or without its byte-order mark, else single bytes.
 std::wstring FolderSetText(const std::string& bytes);
 

@@ -157,7 +157,7 @@ bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool w
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
     std::string bytes;
-    if (!ReadWholeFile(path, bytes)) {
+    if (!ReadWholeFile(path, bytes) || !IsFolderSetText(FolderSetText(bytes))) {
         if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), L"Tessel",
                                       MB_ICONWARNING);
         return false;

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "support_win.h"
@@ -148,6 +151,34 @@ TEST_F(Startup, TheFocusOfTheLastStateComesBack) {
     for (size_t i = 2; i + 1 < saved.size(); i += 2)
         text += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
     EXPECT_NE(text.find(L"\r\nFocus=3\r\n"), std::wstring::npos) << std::string(text.begin() + text.find(L"Focus"), text.begin() + text.find(L"Focus") + 7);
+}
+
+// A file named on the command line that is not a folder set (a text file, an empty file) is
+// not taken for one: the user is told, and the T-Views show the Computer folder.
+TEST_F(Startup, AFileThatIsNotAFolderSetFailsToOpen) {
+    for (const char* content : {"just some text\r\n", ""}) {
+        const std::wstring file = folder_ / L"notes.txt";
+        WriteBytes(file, content);
+        std::atomic<bool> told{false};
+        std::jthread answer([&](std::stop_token stop) {
+            while (!stop.stop_requested()) {
+                if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
+                    wchar_t text[512] = {};
+                    GetDlgItemTextW(box, 0xFFFF, text, 512);
+                    told = told || LowerCase(text).find(L"notes.txt") != std::wstring::npos;
+                    PostMessageW(box, WM_COMMAND, IDOK, 0);
+                }
+                Sleep(20);
+            }
+        });
+        TesselProcess tessel(exe_, L"\"" + file + L"\"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        answer.request_stop();
+        answer.join();
+        EXPECT_TRUE(told) << "the file is named in the message";
+        EXPECT_EQ(tessel.PanelText(1), tessel.PanelText(4)) << "every T-View shows the Computer folder";
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
 }
 
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {

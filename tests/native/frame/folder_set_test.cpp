@@ -129,5 +129,14 @@ TEST(FolderSet, DamagedTextNeverBreaksTheReader) {
     EXPECT_EQ(ReadFolderSet(huge, 0, 1).layout.splitters[0], 4242);
 }
 
+TEST(FolderSet, OnlyFolderSetsAreTakenForOne) {
+    EXPECT_TRUE(IsFolderSetText(WriteFolderSet(TwoViews())));
+    EXPECT_TRUE(IsFolderSetText(L"Folder2=C:\\Data\r\n")) << "written by hand, without the header";
+    EXPECT_FALSE(IsFolderSetText(L""));
+    EXPECT_FALSE(IsFolderSetText(L"hello\r\nworld\r\n"));
+    EXPECT_FALSE(IsFolderSetText(L"Folder5=C:\\Data\r\nFolders1=x\r\n"));
+    EXPECT_FALSE(IsFolderSetText(FolderSetText(std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16))));
+}
+
 }  // namespace
 }  // namespace tessel
