@@ -157,12 +157,13 @@ bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool w
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
     std::string bytes;
-    if (!ReadWholeFile(path, bytes) || !IsFolderSetText(FolderSetText(bytes))) {
+    const std::wstring text = ReadWholeFile(path, bytes) ? FolderSetText(bytes) : std::wstring();
+    if (!IsFolderSetText(text)) {
         if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), L"Tessel",
                                       MB_ICONWARNING);
         return false;
     }
-    ApplyFolderSet(ReadFolderSet(FolderSetText(bytes), treeMode_, focusedView_));
+    ApplyFolderSet(ReadFolderSet(text, treeMode_, focusedView_));
     return true;
 }
 
