@@ -43,6 +43,7 @@ bool HasLineBreak(const TabState& tab) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::wstring text = FolderSetText(std::string(reinterpret_cast<const char*>(data), size));
+    IsFolderSetText(text);
     const LoadedFolderSet loaded = ReadFolderSet(text, 0, 1);
     for (const LoadedView& view : loaded.views) {
         fuzz::Check(view.tabs.size() <= static_cast<size_t>(kFolderSetTabLimit));

@@ -1,5 +1,7 @@
 #include "frame/command_line.h"
 
+#include <algorithm>
+
 #include <cwctype>
 
 namespace tessel {
@@ -73,9 +75,12 @@ StartPlan InterpretCommandLine(std::wstring_view line, int startMode,
         plan.folderSetFile = unquoted;
         return plan;
     }
-    // The fifth and later paths go to T-View 1 again, so the last of them wins there.
     std::vector<std::wstring> paths = ParsePathList(line);
-    for (size_t i = 0; i < paths.size(); ++i) plan.viewPaths[i < kViewCount ? i : 0] = paths[i];
+    const size_t firstLater = std::max<size_t>(kViewCount, paths.size() > kLaterPathLimit ? paths.size() - kLaterPathLimit : 0);
+    for (size_t i = 0; i < paths.size(); ++i) {
+        if (i < kViewCount) plan.viewPaths[i] = std::move(paths[i]);
+        else if (i >= firstLater) plan.laterFirstViewPaths.push_back(std::move(paths[i]));
+    }
     return plan;
 }
 

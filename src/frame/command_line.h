@@ -10,7 +10,8 @@
 namespace tessel {
 
 inline constexpr int kViewCount = 4;
-inline constexpr int kStartModeLastState = 5;  // "Als" value that reopens the last state
+inline constexpr int kStartModeLastState = 5;
+inline constexpr size_t kLaterPathLimit = 32;  // "Als" value that reopens the last state
 
 struct HelpRequest {
     bool requested = false;
@@ -24,6 +25,10 @@ struct StartPlan {
     bool loadLastState = false;          // under the crash-start guard, before any navigation
     std::wstring folderSetFile;          // an existing file named on the command line
     std::array<std::wstring, kViewCount> viewPaths;  // where T-View 1..4 navigate; empty = nothing
+    // The fifth and later paths (the last kLaterPathLimit of them): T-View 1 goes to each in turn
+    // after its first, so the last that can be shown is shown and the ones before it are in its
+    // history. A line of thousands of paths does not make thousands of navigations at start.
+    std::vector<std::wstring> laterFirstViewPaths;
     std::wstring browseExtra;            // token 2 of the "/e" form, kept for later use
 };
 

@@ -118,6 +118,7 @@ void CMainFrame::ApplyCommandLine() {
     }
     for (int i = 0; i < kViewCount; ++i)
         if (!plan.viewPaths[i].empty()) panels_[i]->NavigateToText(plan.viewPaths[i]);
+    for (const std::wstring& path : plan.laterFirstViewPaths) panels_[0]->NavigateToText(path);
     // The last state brings its own tree mode; any other start mode takes the one kept in "Start".
     if (Options().Als != kStartModeLastState)
         if (const int mode = Settings().GetInt(L"Start", L"tree_mode", treeMode_); mode != 0) SetTreeMode(mode);

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <mutex>
 #include <thread>
 
 #include "core/settings_store_win.h"
@@ -20,6 +20,35 @@ using testing::ReadBytes;
 using testing::TempFolder;
 using testing::TesselProcess;
 using testing::WriteBytes;
+
+// Answers Tessel's message boxes while it lives and keeps the text of the last one.
+class MessageAnswer {
+public:
+    MessageAnswer()
+        : thread_([this](std::stop_token stop) {
+              while (!stop.stop_requested()) {
+                  if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
+                      wchar_t text[512] = {};
+                      GetDlgItemTextW(box, 0xFFFF, text, 512);
+                      {
+                          std::lock_guard lock(mutex_);
+                          text_ = text;
+                      }
+                      PostMessageW(box, WM_COMMAND, IDOK, 0);
+                  }
+                  Sleep(20);
+              }
+          }) {}
+    std::wstring Text() {
+        std::lock_guard lock(mutex_);
+        return text_;
+    }
+
+private:
+    std::mutex mutex_;
+    std::wstring text_;
+    std::jthread thread_;  // last: stopped and joined first
+};
 
 class Startup : public ::testing::Test {
 protected:
@@ -39,6 +68,19 @@ TEST_F(Startup, HelpRequestOpensNoWindowAndTouchesNoSettings) {
     TesselProcess help(exe_, L"-help#Options");
     EXPECT_EQ(help.WaitForExit(), 1);
     EXPECT_EQ(ReadBytes(Ini()), "\xFF\xFE");
+}
+
+// Paths after the fourth go to T-View 1 one after the other: a last one that cannot be shown
+// leaves the one before it there.
+TEST_F(Startup, LaterPathsFollowInViewOneAndAFailingLastKeepsTheOneBefore) {
+    TempFolder one, two, five;
+    const std::wstring line = L"\"" + one.path() + L"\" \"" + two.path() + L"\" \"" + two.path() + L"\" \"" +
+                              two.path() + L"\" \"" + five.path() + L"\" \"C:\\gone\\away\"";
+    TesselProcess tessel(exe_, line);
+    ASSERT_TRUE(tessel.WaitForWindow());
+    EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(five.path()));
+    EXPECT_EQ(LowerCase(tessel.PanelText(4)), LowerCase(two.path()));
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 
 TEST_F(Startup, PathsGoToTheViewsAndEmptyViewsShowComputer) {
@@ -159,23 +201,10 @@ TEST_F(Startup, AFileThatIsNotAFolderSetFailsToOpen) {
     for (const char* content : {"just some text\r\n", ""}) {
         const std::wstring file = folder_ / L"notes.txt";
         WriteBytes(file, content);
-        std::atomic<bool> told{false};
-        std::jthread answer([&](std::stop_token stop) {
-            while (!stop.stop_requested()) {
-                if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
-                    wchar_t text[512] = {};
-                    GetDlgItemTextW(box, 0xFFFF, text, 512);
-                    told = told || LowerCase(text).find(L"notes.txt") != std::wstring::npos;
-                    PostMessageW(box, WM_COMMAND, IDOK, 0);
-                }
-                Sleep(20);
-            }
-        });
+        MessageAnswer answer;
         TesselProcess tessel(exe_, L"\"" + file + L"\"");
         ASSERT_TRUE(tessel.WaitForWindow());
-        answer.request_stop();
-        answer.join();
-        EXPECT_TRUE(told) << "the file is named in the message";
+        EXPECT_NE(LowerCase(answer.Text()).find(L"notes.txt"), std::wstring::npos) << "the file is named in the message";
         EXPECT_EQ(tessel.PanelText(1), tessel.PanelText(4)) << "every T-View shows the Computer folder";
         EXPECT_EQ(tessel.CloseAndWait(), 0);
     }
@@ -188,6 +217,7 @@ TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     ASSERT_TRUE(tessel.WaitForWindow());
     EXPECT_EQ(tessel.CloseAndWait(), 0);
     WriteBytes(folder_ / L"damaged.tsf", std::string(5000, '\0'));
+    MessageAnswer answer;  // a damaged file is not a folder set: the user is told
     TesselProcess named(exe_, L"\"" + (folder_ / L"damaged.tsf") + L"\"");
     ASSERT_TRUE(named.WaitForWindow());
     EXPECT_EQ(named.CloseAndWait(), 0);

@@ -30,14 +30,21 @@ TEST(CommandLine, EmptyLineLoadsTheLastStateOnlyInStartModeFive) {
     for (const std::wstring& path : plan.viewPaths) EXPECT_TRUE(path.empty());
 }
 
-TEST(CommandLine, SixQuotedPathsFillViewsAndTheLastWinsInViewOne) {
+TEST(CommandLine, SixQuotedPathsFillViewsAndTheLaterOnesFollowInViewOne) {
     StartPlan plan = InterpretCommandLine(
         L"\"C:\\One\" \"C:\\Two\" \"C:\\Three\" \"C:\\Four\" \"C:\\Five\" \"C:\\Six\"", 5, kNoFiles);
     EXPECT_FALSE(plan.loadLastState);
-    EXPECT_EQ(plan.viewPaths[0], L"c:\\six");
+    EXPECT_EQ(plan.viewPaths[0], L"c:\\one");
+    EXPECT_EQ(plan.laterFirstViewPaths, (std::vector<std::wstring>{L"c:\\five", L"c:\\six"}));
     EXPECT_EQ(plan.viewPaths[1], L"c:\\two");
     EXPECT_EQ(plan.viewPaths[2], L"c:\\three");
     EXPECT_EQ(plan.viewPaths[3], L"c:\\four");
+    std::wstring many;
+    for (int i = 0; i < 1000; ++i) many += L"\"C:\\p" + std::to_wstring(i) + L"\" ";
+    plan = InterpretCommandLine(many, 5, kNoFiles);
+    ASSERT_EQ(plan.laterFirstViewPaths.size(), kLaterPathLimit) << "only the last ones of a thousand";
+    EXPECT_EQ(plan.laterFirstViewPaths.back(), L"c:\\p999");
+    EXPECT_EQ(plan.viewPaths[3], L"c:\\p3");
 }
 
 TEST(CommandLine, PlainPathsAndShortLines) {
