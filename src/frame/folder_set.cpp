@@ -4,6 +4,8 @@
 #include <cwctype>
 #include <unordered_map>
 
+#include "core/utf8.h"
+
 namespace tessel {
 namespace {
 
@@ -186,6 +188,11 @@ LoadedFolderSet ReadFolderSet(std::wstring_view fileText, int treeMode, int focu
     return set;
 }
 
+std::wstring Latin1Text(std::string_view bytes) {
+    return std::wstring(reinterpret_cast<const unsigned char*>(bytes.data()),
+                        reinterpret_cast<const unsigned char*>(bytes.data()) + bytes.size());
+}
+
 bool IsFolderSetText(std::wstring_view text) {
     const Lines lines(text);
     std::wstring_view value;
@@ -195,7 +202,7 @@ bool IsFolderSetText(std::wstring_view text) {
     return false;
 }
 
-std::wstring FolderSetText(const std::string& bytes) {
+std::wstring FolderSetText(const std::string& bytes, const AnsiDecoder& ansi) {
     const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
     const size_t size = bytes.size();
     const bool bom = size >= 2 && data[0] == 0xFF && data[1] == 0xFE;
@@ -205,10 +212,11 @@ std::wstring FolderSetText(const std::string& bytes) {
     if (wide) {
         text.reserve(size / 2);
         for (size_t i = bom ? 2 : 0; i + 1 < size; i += 2) text += static_cast<wchar_t>(data[i] | (data[i + 1] << 8));
-    } else {
-        text.assign(data, data + size);
+        return text;
     }
-    return text;
+    std::string_view rest(bytes);
+    if (rest.substr(0, 3) == "\xEF\xBB\xBF") rest.remove_prefix(3);
+    return DecodeUtf8(rest, text) ? text : ansi(bytes);
 }
 
 }  // namespace tessel

@@ -3,7 +3,9 @@
 // The writer takes a model of the arrangement; the reader finds each value by its key, so the
 // order of the lines does not matter to it and anything it cannot find keeps its default.
 #include <array>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <string_view>
 #include <vector>
 
@@ -80,7 +82,13 @@ LoadedFolderSet ReadFolderSet(std::wstring_view text, int treeMode, int focus);
 // picture is not one, and opening it fails.
 bool IsFolderSetText(std::wstring_view text);
 
-// The file's bytes as text: UTF-16LE with or without its byte-order mark, else single bytes.
-std::wstring FolderSetText(const std::string& bytes);
+// Single-byte text in the system's code page; Latin-1 where no system is asked.
+using AnsiDecoder = std::function<std::wstring(std::string_view bytes)>;
+std::wstring Latin1Text(std::string_view bytes);
+
+// The file's bytes as text: UTF-16LE with or without its byte-order mark; else UTF-8 (with or
+// without its mark) when the bytes are well-formed UTF-8, as hand-edited files usually are; else
+// single bytes in the system's code page.
+std::wstring FolderSetText(const std::string& bytes, const AnsiDecoder& ansi = Latin1Text);
 
 }  // namespace tessel

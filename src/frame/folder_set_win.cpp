@@ -2,6 +2,7 @@
 // folder_set.h and written as one UTF-16 text; a file read is applied back to the windows.
 #include <windows.h>
 
+#include <algorithm>
 #include <cwchar>
 
 #include "core/language_packs_win.h"
@@ -61,6 +62,14 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
     DWORD read = 0;
     return bytes.empty() || (ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) &&
                              read == bytes.size());
+}
+
+std::wstring AnsiCodePageText(std::string_view bytes) {
+    const int size = static_cast<int>(std::min<size_t>(bytes.size(), kFolderSetSizeLimit));
+    std::wstring text(size, L'\0');  // never more characters than bytes
+    const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, text.data(), size);
+    text.resize(length > 0 ? length : 0);
+    return text;
 }
 
 int NumberOr(const std::wstring& text, int fallback) { return text.empty() ? fallback : ParseLeadingInt(text); }
@@ -157,7 +166,7 @@ bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool w
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
     std::string bytes;
-    const std::wstring text = ReadWholeFile(path, bytes) ? FolderSetText(bytes) : std::wstring();
+    const std::wstring text = ReadWholeFile(path, bytes) ? FolderSetText(bytes, AnsiCodePageText) : std::wstring();
     if (!IsFolderSetText(text)) {
         if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), L"Tessel",
                                       MB_ICONWARNING);

@@ -3,6 +3,8 @@
 #include <cwctype>
 #include <string>
 
+#include "core/utf8.h"
+
 namespace tessel {
 namespace {
 
@@ -19,7 +21,8 @@ int Hex(wchar_t c) {
     return c >= L'a' && c <= L'f' ? c - L'a' + 10 : -1;
 }
 
-// Percent escapes carry UTF-8 bytes; a malformed escape stays as it was written.
+// Percent escapes carry UTF-8 bytes; a malformed escape stays as it was written, and bytes that
+// are not UTF-8 are read as Latin-1 characters.
 std::wstring DecodePercent(std::wstring_view text) {
     std::string bytes;
     for (size_t i = 0; i < text.size(); ++i) {
@@ -45,32 +48,7 @@ std::wstring DecodePercent(std::wstring_view text) {
             bytes += static_cast<char>(0x80 | (cp & 0x3F));
         }
     }
-    std::wstring out;
-    for (size_t i = 0; i < bytes.size();) {
-        unsigned char b = static_cast<unsigned char>(bytes[i]);
-        int extra = b < 0x80 ? 0 : (b >> 5) == 6 ? 1 : (b >> 4) == 14 ? 2 : (b >> 3) == 30 ? 3 : -1;
-        char32_t cp = extra == 0 ? b : extra == 1 ? (b & 0x1F) : extra == 2 ? (b & 0x0F) : (b & 0x07);
-        bool ok = extra >= 0 && i + extra < bytes.size();
-        for (int k = 1; ok && k <= extra; ++k) {
-            unsigned char next = static_cast<unsigned char>(bytes[i + k]);
-            ok = (next & 0xC0) == 0x80;
-            cp = (cp << 6) | (next & 0x3F);
-        }
-        if (!ok) {  // not UTF-8: take the byte as a Latin-1 character
-            out += static_cast<wchar_t>(b);
-            ++i;
-            continue;
-        }
-        if (cp >= 0x10000) {
-            cp -= 0x10000;
-            out += static_cast<wchar_t>(0xD800 + (cp >> 10));
-            out += static_cast<wchar_t>(0xDC00 + (cp & 0x3FF));
-        } else {
-            out += static_cast<wchar_t>(cp);
-        }
-        i += extra + 1;
-    }
-    return out;
+    return DecodeUtf8OrLatin1(bytes);
 }
 
 std::wstring FileUrlToPath(std::wstring_view rest) {

@@ -210,6 +210,22 @@ TEST_F(Startup, AFileThatIsNotAFolderSetFailsToOpen) {
     }
 }
 
+// A last state edited by hand and saved as UTF-8 without a mark keeps its names.
+TEST_F(Startup, AHandEditedUtf8LastStateKeepsItsNames) {
+    TempFolder parent;
+    const std::wstring folder = parent / L"Gr\u00FC\u00DFe \u2713 \u65E5\u672C";
+    ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
+    const std::wstring line = L"Tessel Version=4.19\r\nFolder1=" + folder + L"\r\n";
+    std::string utf8(WideCharToMultiByte(CP_UTF8, 0, line.c_str(), -1, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, line.c_str(), -1, utf8.data(), static_cast<int>(utf8.size()), nullptr, nullptr);
+    utf8.pop_back();  // the terminating zero
+    WriteBytes(folder_ / L"start.tsf", utf8);
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(folder));
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';

@@ -109,6 +109,12 @@ TEST(FolderSet, PathsAndFileBytes) {
     EXPECT_EQ(FolderSetText(std::string("\xFF\xFE" "A\0=\0", 6)), L"A=");
     EXPECT_EQ(FolderSetText(std::string("A\0=\0", 4)), L"A=");
     EXPECT_EQ(FolderSetText("SP0=1"), L"SP0=1");
+    // Without a mark: UTF-8 when it is UTF-8, else the system's single-byte code page.
+    EXPECT_EQ(FolderSetText("Folder1=C:\\Gr\xC3\xBC\xC3\x9F" "e \xE2\x9C\x93"), L"Folder1=C:\\Gr\u00FC\u00DFe \u2713");
+    EXPECT_EQ(FolderSetText("\xEF\xBB\xBF" "A=\xE6\x97\xA5"), L"A=\u65E5") << "with the UTF-8 mark";
+    const AnsiDecoder marked = [](std::string_view bytes) { return L"ansi:" + Latin1Text(bytes); };
+    EXPECT_EQ(FolderSetText("Folder1=C:\\Gr\xFC\xDF" "e", marked), L"ansi:Folder1=C:\\Gr\u00FC\u00DFe");
+    EXPECT_EQ(FolderSetText("A=\xC0\xAF", marked), L"ansi:A=\u00C0\u00AF") << "an overlong form is not UTF-8";
     EXPECT_EQ(FolderSetText(std::string("\xFF\xFE" "A", 3)), L"") << "an odd last byte is dropped";
 }
 
