@@ -63,7 +63,8 @@ void CMainFrame::SaveFolderSetDialog() {
     if (!GetSaveFileNameW(&save)) return;
     const auto on = [](const wchar_t* key) { return Settings().GetInt(L"Start", key, 1) != 0; };
     if (!SaveFolderSet(path, on(L"seitenansicht"), on(L"columns"), on(L"wnd_placemant")))
-        MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNWRITABLE) + L"\n" + path).c_str(), L"Tessel", MB_ICONWARNING);
+        MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNWRITABLE) + L"\n" + path).c_str(), GetText(60000).c_str(),
+                    MB_ICONWARNING);
 }
 
 }  // namespace tessel

@@ -137,7 +137,8 @@ FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool w
         ViewRecord record;
         record.number = i + 1;
         record.active = TabOf(*browser);
-        for (int t = 0; t < panel.Tabs().Count(); ++t) record.tabs.push_back(TabOf(*panel.Tabs().Record(t)));
+        for (int t = 0; t < panel.Tabs().Count(); ++t)
+            if (const TabRecord* tab = panel.Tabs().Record(t)) record.tabs.push_back(TabOf(*tab));
         record.selectedTab = panel.Tabs().Selected();
         set.views.push_back(record);
         if (withColumns) set.columnTexts[i] = record.active.colsAndSort;
@@ -168,7 +169,7 @@ bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
     std::string bytes;
     const std::wstring text = ReadWholeFile(path, bytes) ? FolderSetText(bytes, AnsiCodePageText) : std::wstring();
     if (!IsFolderSetText(text)) {
-        if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), L"Tessel",
+        if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), GetText(60000).c_str(),
                                       MB_ICONWARNING);
         return false;
     }

@@ -202,7 +202,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_APP_EXIT: PostMessageW(hwnd(), WM_CLOSE, 0, 0); break;
     case ID_APP_ABOUT: ShowAbout(); break;
     case ID_HELP_TOPICS:
-        if (!OpenHelp(L"")) MessageBoxW(hwnd(), GetText(IDS_HELP_FAILED).c_str(), L"Tessel", MB_ICONWARNING);
+        if (!OpenHelp(L"")) MessageBoxW(hwnd(), GetText(IDS_HELP_FAILED).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
         break;
     case ID_FILE_NEW_INSTANCE: StartFurtherInstance(); break;
     case ID_FILE_OPEN_SET: OpenFolderSetDialog(); break;
@@ -279,9 +279,11 @@ void CMainFrame::CheckParkedDialogs() {
 }
 
 void CMainFrame::OnTrayIcon(LPARAM event) {
-    if (event != WM_LBUTTONUP && event != WM_RBUTTONUP) return;
-    if (MessageBoxW(nullptr, GetText(183).c_str(), GetText(60000).c_str(), MB_OKCANCEL | MB_ICONQUESTION) == IDCANCEL)
-        ForcedEnd();
+    if ((event != WM_LBUTTONUP && event != WM_RBUTTONUP) || trayAsking_) return;  // one question at a time
+    trayAsking_ = true;
+    const int answer = MessageBoxW(nullptr, GetText(183).c_str(), GetText(60000).c_str(), MB_OKCANCEL | MB_ICONQUESTION);
+    trayAsking_ = false;
+    if (answer == IDCANCEL) ForcedEnd();
 }
 
 void CMainFrame::ForcedEnd() {

@@ -92,6 +92,7 @@ private:
     ViewLayout layout_;
     tessel::Arrangement arranged_;  // where the views and bars went at the last layout
     SIZE laidOut_{-1, -1};           // the client size of the last layout
+    bool trayAsking_ = false;        // the tray icon's question is open
     std::array<RECT, 3> splitterAreas_{};  // the area each splitter divides, for dragging
     int draggedBar_ = -1;
     int designMode_ = 0;

@@ -373,7 +373,7 @@ LRESULT CALLBACK CCBrowserTabView::StripProc(HWND strip, UINT message, WPARAM wP
         return 0;
     }
     case WM_RBUTTONDBLCLK:
-        MessageBoxW(strip, L"Next-Ver ;-)", L"Tessel", MB_OK);
+        MessageBoxW(strip, L"Next-Ver ;-)", GetText(60000).c_str(), MB_OK);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:

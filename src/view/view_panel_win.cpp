@@ -104,7 +104,7 @@ CMyShellBrowser* CPloder::GetOrCreateBrowser() {
     for (int i = 0; i < count_; ++i) closed[i] = browsers_[i]->closed;
     const SlotChoice choice = ChooseBrowserSlot(closed, count_);
     if (choice.kind == SlotChoice::kRefused) {
-        MessageBoxW(hwnd(), L"Max=16", L"Tessel", MB_OK | MB_ICONINFORMATION);
+        MessageBoxW(hwnd(), L"Max=16", GetText(60000).c_str(), MB_OK | MB_ICONINFORMATION);
         return nullptr;
     }
     if (choice.kind == SlotChoice::kReuse) {
