@@ -5,6 +5,7 @@
 #include <shlobj.h>
 
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "win/handles_win.h"
@@ -58,6 +59,7 @@ void CMyProfStr::RunWriteTest() {
     if (folder.empty()) return;
     CreateDirectoryW(folder.c_str(), nullptr);
     location_.filePath = folder + L"\\" + location_.baseName + L".ini";
+    movedToUserFolder_ = true;
 }
 
 std::wstring CMyProfStr::GetString(std::wstring_view section, std::wstring_view key, std::wstring_view def) {
@@ -136,7 +138,8 @@ bool CMyProfStr::RegPutInt(std::wstring_view name, int value) {
 }
 
 std::wstring CMyProfStr::DataFolder() const {
-    if (location_.fileMode) return exeFolder_;
+    // A portable copy in a read-only folder keeps its last state where its settings went.
+    if (location_.fileMode && !movedToUserFolder_) return exeFolder_;
     std::wstring folder = AppDataTessel();
     if (folder.empty()) return exeFolder_;
     CreateDirectoryW(folder.c_str(), nullptr);
@@ -144,6 +147,9 @@ std::wstring CMyProfStr::DataFolder() const {
 }
 
 bool EnsureUnicodeIniFile(const std::wstring& path) {
+    // Once per file and process: every settings write would otherwise open the file once more.
+    static std::set<std::wstring> ensured;
+    if (ensured.contains(path)) return true;
     std::wstring full = path;
     if (path.find(L'\\') == std::wstring::npos) {
         wchar_t windows[MAX_PATH] = {};
@@ -153,10 +159,15 @@ bool EnsureUnicodeIniFile(const std::wstring& path) {
     // CREATE_NEW never touches an existing file, so a user's file keeps its encoding.
     win::UniqueHandle file(
         CreateFileW(full.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return false;
+    if (!file) {
+        if (GetLastError() == ERROR_FILE_EXISTS) ensured.insert(path);  // a user's file keeps its encoding
+        return false;
+    }
     const unsigned char bom[2] = {0xFF, 0xFE};
     DWORD written = 0;
-    return WriteFile(file.get(), bom, sizeof(bom), &written, nullptr) && written == sizeof(bom);
+    const bool ok = WriteFile(file.get(), bom, sizeof(bom), &written, nullptr) && written == sizeof(bom);
+    if (ok) ensured.insert(path);
+    return ok;
 }
 
 CMyProfStr& Settings() { return *g_settings; }

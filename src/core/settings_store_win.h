@@ -38,6 +38,7 @@ private:
 
     SettingsLocation location_;
     std::wstring exeFolder_;
+    bool movedToUserFolder_ = false;  // the write test found the portable file read-only
 };
 
 // Creates a missing INI-style file as UTF-16LE with a byte-order mark, so that the profile

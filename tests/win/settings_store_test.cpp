@@ -73,6 +73,7 @@ TEST(SettingsStore, UnwritableSettingsFileMovesToThePerUserFolder) {
     EXPECT_TRUE(store.IsFileMode());
     EXPECT_NE(store.SettingsPath().find(L"\\Tessel\\Tessel.ini"), std::wstring::npos) << store.SettingsPath().c_str();
     EXPECT_EQ(ReadBytes(folder / L"Tools.ini"), "[Start]\r\n");
+    EXPECT_EQ(store.DataFolder() + L"\\Tessel.ini", store.SettingsPath()) << "the last state follows the settings";
 }
 
 TEST(SettingsStore, NewFileIsUnicodeAndKeepsPathsOutsideTheCodePage) {

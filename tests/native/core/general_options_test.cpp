@@ -44,6 +44,67 @@ TEST(GeneralOptions, PresentKeysOverrideAndNonNumbersReadAsZero) {
     EXPECT_EQ(options.tree_hover_time, 0);
 }
 
+// Every key is part of the file format, unusual spellings included ("adress_tree", "i-net"):
+// the whole table in loading order with its defaults. A "corrected" key must fail here.
+TEST(GeneralOptions, GoldenKeysAndDefaultsInLoadingOrder) {
+    const std::pair<const wchar_t*, int> golden[] = {
+        {L"m_lang_id", 0},
+        {L"tree_auto_sel", 1},
+        {L"StatusBar", 1},
+        {L"i-net", 1},
+        {L"show_tabs", 2},
+        {L"media_preview_by", 0},
+        {L"AnsichtSav", 1},
+        {L"useColor", 0},
+        {L"spalten_speichern", 1},
+        {L"audio_click", 1},
+        {L"fullrow_sel", 0},
+        {L"show_linie", 0},
+        {L"adress_tree", 1},
+        {L"copy_cut_paste_mode", 0},
+        {L"disable_column_hl", 1},
+        {L"disable_up_down_edit", 0},
+        {L"tab_use_context_menu", 1},
+        {L"noenumrefresh", 0},
+        {L"header_in_all_views", 1},
+        {L"adress_autosel", 1},
+        {L"merke_markierte", 1},
+        {L"merke_ansicht", 1},
+        {L"title_info", 0},
+        {L"close_ask", 0},
+        {L"address_bar_mod", 0},
+        {L"lmouse_dblclk", 0},
+        {L"status_selection_type", 0},
+        {L"status_no_selection_type", 0},
+        {L"adresbar_use_highlighted", 1},
+        {L"status_use_highlighted", 1},
+        {L"adresbar_style", 0},
+        {L"mousewheel_focus", 0},
+        {L"select_last_if_navigate_up", 1},
+        {L"tree_auto_chk_subdir", 1},
+        {L"tree_disable_line", 0},
+        {L"only_label_or_icon_clk", 0},
+        {L"no_keep_grouping", 0},
+        {L"useTreeColor", 2},
+        {L"tree_all_browsable", 1},
+        {L"tree_expand_when_select", 0},
+        {L"tree_fullrowselect", 0},
+        {L"tree_single_expand", 0},
+        {L"Als", 5},
+        {L"enable_priv", 1},
+        {L"tab_width_mode", 1},
+        {L"tab_max_width", 120},
+    };
+    size_t count = 0;
+    const OptionEntry* table = OptionTable(count);
+    ASSERT_EQ(count, std::size(golden));
+    const GeneralOptions defaults;
+    for (size_t i = 0; i < count; ++i) {
+        EXPECT_STREQ(table[i].key, golden[i].first) << "position " << i;
+        EXPECT_EQ(defaults.*table[i].field, golden[i].second) << golden[i].first;
+    }
+}
+
 TEST(GeneralOptions, TableHoldsEveryKeyOnceInLoadingOrder) {
     size_t count = 0;
     const OptionEntry* table = OptionTable(count);
