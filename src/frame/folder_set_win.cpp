@@ -96,13 +96,17 @@ void GiveSettings(const TabState& state, TabRecord& record) {
     record.columnValue = state.colsAndSort;
 }
 
+void CloseOtherTabs(CCBrowserTabView& strip) {
+    CCBrowserTabView::LayoutHold hold(strip);
+    for (int i = strip.Count() - 1; i >= 0; --i)
+        if (i != strip.Selected()) strip.CloseTab(i);
+}
+
 // The T-View keeps its selected tab, which takes the first tab of the file; the others follow
 // as new tabs, made lazily. A folder that is gone opens no tab.
 void RestoreTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int selected) {
     CCBrowserTabView& strip = panel.Tabs();
     CCBrowserTabView::LayoutHold hold(strip);
-    for (int i = strip.Count() - 1; i >= 0; --i)
-        if (i != strip.Selected()) strip.CloseTab(i);
     int select = -1;
     bool keptUsed = strip.Count() == 0;
     for (size_t i = 0; i < tabs.size(); ++i) {
@@ -147,7 +151,10 @@ FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool w
     set.layout = layoutExtras_;
     for (int i = 0; i < 3; ++i) set.layout.splitters[i] = layout_.splitters[i].position;
     set.layout.treeMode = treeMode_;
-    for (int i = 0; i < kViewCount; ++i) set.layout.tree[i] = panels_[i]->ShowTree();
+    for (int i = 0; i < kViewCount; ++i) {  // what the T-Views show now, not what the last file said
+        set.layout.tree[i] = panels_[i]->ShowTree();
+        set.layout.treeSplit[i] = panels_[i]->TreeSplit();
+    }
     set.layout.focus = focusedView_;
     set.withColumns = withColumns;
     set.withPlacement = withPlacement;
@@ -178,6 +185,7 @@ bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
 }
 
 void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
+    for (auto& panel : panels_) CloseOtherTabs(panel->Tabs());  // every T-View, with a record or not
     for (int number = kViewCount; number >= 1; --number) {
         const LoadedView& view = set.views[number - 1];
         std::vector<const TabState*> tabs;
@@ -190,9 +198,10 @@ void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
         layout_.splitters[i].pixel = -1;
     }
     layoutExtras_ = set.layout;
-    if (set.layout.treeMode != treeMode_) SetTreeMode(set.layout.treeMode);
+    for (int i = 0; i < kViewCount; ++i) panels_[i]->SetTreeState(set.layout.tree[i], set.layout.treeSplit[i]);
     if (set.viewMode >= 0 && set.viewMode < kLayoutCount) SetLayout(set.viewMode, false);
     else Layout();
+    if (set.layout.treeMode != treeMode_) SetTreeMode(set.layout.treeMode, false);
     FocusView(set.layout.focus);
 }
 

@@ -44,11 +44,12 @@ void CMainFrame::SetLayout(int layout, bool fromButton) {
     if (!layout_.visible[focusedView_ - 1]) FocusView(1);
 }
 
-void CMainFrame::SetTreeMode(int mode) {
+void CMainFrame::SetTreeMode(int mode, bool reloadViews) {
     if (mode < 0 || mode > 2) mode = 0;
     treeMode_ = mode;
     sharedTree_ = mode == 2;
-    for (auto& panel : panels_) panel->ReloadTreeState();  // each T-View looks at its own tree again
+    if (reloadViews)
+        for (auto& panel : panels_) panel->ReloadTreeState();  // each T-View looks at its own tree again
     Layout();
 }
 

@@ -70,7 +70,8 @@ private:
     void OpenFolderSetDialog();
     void TabCommand(int id);
     // 0: no frame-wide tree, 1: the tree beside the T-Views, 2: none, with the shared-tree flag.
-    void SetTreeMode(int mode);
+    // With `reloadViews` each T-View reads its own tree setting again; a folder set gives its own.
+    void SetTreeMode(int mode, bool reloadViews = true);
     int TreeMode() const { return treeMode_; }
     HWND FrameTree() const { return frameTree_.hwnd(); }
     void SaveFolderSetDialog();

@@ -246,6 +246,12 @@ void CPloder::BrowserFocused(CMyShellBrowser& browser) {
     PostMessageW(GetParent(hwnd()), kMsgViewFocused, viewIndex_, 0);
 }
 
+void CPloder::SetTreeState(int shown, int split) {
+    showTree_ = shown;
+    treeSplit_ = split;
+    Layout();
+}
+
 void CPloder::ReloadTreeState() {
     showTree_ = Settings().GetInt(sectionName_, L"show_tree", showTree_);
     Layout();
@@ -294,7 +300,8 @@ void CPloder::Layout() {
     ShowWindow(treeEdge_, showTree_ == 1 ? SW_SHOW : SW_HIDE);
     if (showTree_ == 1) {
         folderTree_.EnsureFilled();
-        const int treeWidth = std::max<int>(win::Scaled(hwnd(), 120), client.right * 3 / 10);
+        const int split = treeSplit_ >= 1 && treeSplit_ <= 9000 ? treeSplit_ : 2500;
+        const int treeWidth = std::max<int>(win::Scaled(hwnd(), 120), static_cast<int>(int64_t{client.right} * split / 10000));
         SetWindowPos(tree_, nullptr, 0, top, treeWidth, bottom - top, SWP_NOZORDER);
         SetWindowPos(treeEdge_, nullptr, treeWidth, top, pad, bottom - top, SWP_NOZORDER);
         left = treeWidth + pad;

@@ -59,6 +59,9 @@ public:
     const PanelFilter& Filter() const { return filter_; }
     HWND StatusBar() const { return statusBar_; }
     int ShowTree() const { return showTree_; }
+    int TreeSplit() const { return treeSplit_; }  // the tree's width in ten-thousandths
+    // The tree state a folder set gives: shown or not, and its width.
+    void SetTreeState(int shown, int split);
     const ViewToolbars& Toolbars() const { return toolbars_; }
 
     // IBrowserOwner
@@ -98,6 +101,7 @@ private:
     CMyShellBrowser* active_ = nullptr;
     PanelFilter filter_;
     int showTree_ = 0;
+    int treeSplit_ = 2500;
 
     HWND tree_ = nullptr;
     HWND filterBox_ = nullptr;

@@ -226,6 +226,37 @@ TEST_F(Startup, AHandEditedUtf8LastStateKeepsItsNames) {
     EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 
+// Each T-View takes its tree state from the folder set, and the next save writes what the
+// T-Views show.
+TEST_F(Startup, TreeStatesOfTheLastStateComeBackAndAreSavedAgain) {
+    TempFolder a, b;
+    const std::wstring state = L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + a.path() + L"\r\nFolder2=" +
+                               b.path() + L"\r\nTree2=1\r\nTree2split=4000\r\nFocus=1\r\n";
+    std::string bytes = "\xFF\xFE";
+    for (wchar_t ch : state) bytes += {static_cast<char>(ch & 0xFF), static_cast<char>(ch >> 8)};
+    WriteBytes(folder_ / L"start.tsf", bytes);
+    {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        HWND panel = GetDlgItem(tessel.Frame(), 1002);
+        HWND tree = GetDlgItem(panel, 4567);
+        EXPECT_TRUE(IsWindowVisible(tree));
+        EXPECT_FALSE(IsWindowVisible(GetDlgItem(GetDlgItem(tessel.Frame(), 1001), 4567)));
+        RECT panelRect, treeRect;
+        GetClientRect(panel, &panelRect);
+        GetWindowRect(tree, &treeRect);
+        EXPECT_NEAR(treeRect.right - treeRect.left, panelRect.right * 4 / 10, 3) << "Tree2split is its width";
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    const std::string saved = ReadBytes(folder_ / L"start.tsf");
+    std::wstring text;
+    for (size_t i = 2; i + 1 < saved.size(); i += 2)
+        text += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
+    EXPECT_NE(text.find(L"\r\nTree2=1\r\n"), std::wstring::npos);
+    EXPECT_NE(text.find(L"\r\nTree2split=4000\r\n"), std::wstring::npos);
+    EXPECT_NE(text.find(L"\r\nTree1=0\r\n"), std::wstring::npos);
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
