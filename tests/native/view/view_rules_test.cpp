@@ -29,20 +29,6 @@ TEST(LocationText, SchemesBlanksAndQuotes) {
     EXPECT_EQ(NormalizeLocationText(L"D:\\ftp.notes"), L"D:\\ftp.notes");
 }
 
-TEST(LocationText, RandomTextNeverBreaksTheReader) {
-    unsigned seed = 7;
-    for (int round = 0; round < 3000; ++round) {
-        std::wstring text = round % 2 ? L"file://" : L"";
-        const int length = static_cast<int>((seed = seed * 1103515245 + 12345) % 40);
-        for (int i = 0; i < length; ++i) {
-            seed = seed * 1103515245 + 12345;
-            static const wchar_t kPieces[] = L"%%%AF9/\\:\"  .x\u00FC\U0001F600";
-            text += kPieces[(seed >> 16) % (sizeof(kPieces) / sizeof(wchar_t) - 1)];
-        }
-        NormalizeLocationText(text);
-    }
-}
-
 TEST(StatusText, SizesAndEveryStatusChoice) {
     EXPECT_EQ(FormatByteSize(0), L"0 Bytes");
     EXPECT_EQ(FormatByteSize(1023), L"1023 Bytes");
