@@ -114,6 +114,14 @@ TEST(SettingsStore, TypedValuesClampRectanglesAndLongValues) {
     EXPECT_EQ(store.GetSection(L"List"), L"a=1\nb=2\n");
     ASSERT_TRUE(store.PutSection(L"List", L""));
     EXPECT_EQ(store.GetSection(L"List"), L"");
+
+    // A section far beyond the first 8,192-character buffer comes back whole (column memory of
+    // many kinds of folder is that long).
+    std::wstring lines;
+    for (int i = 0; i < 400; ++i) lines += L"Spatlen_" + std::to_wstring(i) + L"=" + std::wstring(60, L'%') + L"\n";
+    ASSERT_GT(lines.size(), 3 * 8192u);
+    ASSERT_TRUE(store.PutSection(L"Column_OS_10.0_TView1", lines));
+    EXPECT_EQ(store.GetSection(L"Column_OS_10.0_TView1"), lines);
 }
 
 TEST(SettingsStore, DamagedFilesGiveDefaults) {

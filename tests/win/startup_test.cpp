@@ -257,6 +257,23 @@ TEST_F(Startup, TreeStatesOfTheLastStateComeBackAndAreSavedAgain) {
     EXPECT_NE(text.find(L"\r\nTree1=0\r\n"), std::wstring::npos);
 }
 
+// The browse forms load the last state first and then open their folder in T-View 1.
+TEST_F(Startup, BrowseFormsLoadTheLastStateFirst) {
+    TempFolder kept, one, browsed;
+    const std::wstring state = L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + one.path() + L"\r\nFolder2=" +
+                               kept.path() + L"\r\n";
+    std::string bytes = "\xFF\xFE";
+    for (wchar_t ch : state) bytes += {static_cast<char>(ch & 0xFF), static_cast<char>(ch >> 8)};
+    for (const std::wstring& line : {L"\"/Browse\" \"" + browsed.path() + L"\"", L"/e,/root > " + browsed.path()}) {
+        WriteBytes(folder_ / L"start.tsf", bytes);
+        TesselProcess tessel(exe_, line);
+        ASSERT_TRUE(tessel.WaitForWindow());
+        EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(browsed.path())) << (line[0] == L'/' ? "/e" : "/Browse");
+        EXPECT_EQ(LowerCase(tessel.PanelText(2)), LowerCase(kept.path())) << "the last state came first";
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
