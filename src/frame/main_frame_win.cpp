@@ -164,6 +164,10 @@ void CMainFrame::ShowStatusBar(bool show) {
 void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
+    // Every start mode but the last state starts the same way: the menu offers the two.
+    const bool lastState = Options().Als == kStartModeLastState;
+    CheckMenuItem(menu, ID_START_MODE_LAST_STATE, lastState ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_START_MODE_FIRST, lastState ? MF_UNCHECKED : MF_CHECKED);
     CheckMenuRadioItem(menu, ID_LAYOUT_FIRST, ID_LAYOUT_LAST, kFirstLayoutCommand + layout_.layout, MF_BYCOMMAND);
     CheckMenuRadioItem(menu, ID_TREE_MODE_0, ID_TREE_MODE_2, ID_TREE_MODE_0 + treeMode_, MF_BYCOMMAND);
     const bool german = LanguageCode(Options().m_lang_id) == std::wstring(L"DE");
@@ -226,6 +230,10 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
         else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);
+        else if (id >= ID_START_MODE_FIRST && id <= ID_START_MODE_LAST) {
+            Options().Als = id - ID_START_MODE_FIRST;
+            WriteOption(Settings(), L"Als", Options().Als);
+        }
         else if (id >= ID_TREE_MODE_0 && id <= ID_TREE_MODE_2) {
             SetTreeMode(id - ID_TREE_MODE_0);
             Settings().PutInt(L"Start", L"tree_mode", treeMode_);

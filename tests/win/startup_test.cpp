@@ -274,6 +274,27 @@ TEST_F(Startup, BrowseFormsLoadTheLastStateFirst) {
     }
 }
 
+// The start-mode commands set "Als" to their id minus 32960 at once; any mode but 5 neither
+// loads nor keeps the last state.
+TEST_F(Startup, StartModeCommandsAreWrittenAtOnce) {
+    {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_START_MODE_FIRST + 3, 0);
+        EXPECT_EQ(IniInt(L"Als", 5), 3);
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_START_MODE_FIRST, 0);
+        EXPECT_EQ(IniInt(L"Als", 5), 0);
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    EXPECT_FALSE(FileExists(folder_ / L"start.tsf")) << "not kept in a start mode other than 5";
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_START_MODE_LAST_STATE, 0);
+    EXPECT_EQ(IniInt(L"Als", 0), 5);
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    EXPECT_TRUE(FileExists(folder_ / L"start.tsf"));
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
