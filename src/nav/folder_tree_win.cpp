@@ -19,10 +19,7 @@ PCIDLIST_ABSOLUTE FolderOf(HWND tree, HTREEITEM item) {
 void CShellTree2::Attach(HWND tree, Chosen chosen) {
     tree_ = tree;
     chosen_ = std::move(chosen);
-    SHFILEINFOW info{};
-    auto icons = reinterpret_cast<HIMAGELIST>(
-        SHGetFileInfoW(L"C:\\", 0, &info, sizeof(info), SHGFI_SYSICONINDEX | SHGFI_SMALLICON));
-    TreeView_SetImageList(tree_, icons, TVSIL_NORMAL);  // the system's list: not ours to free
+    TreeView_SetImageList(tree_, win::SystemSmallIcons(), TVSIL_NORMAL);  // the system's list: not ours to free
 }
 
 void CShellTree2::EnsureFilled() {

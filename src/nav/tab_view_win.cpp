@@ -56,9 +56,7 @@ CCBrowserTabView::CCBrowserTabView(ITabOwner& owner, HWND panel) : owner_(owner)
     strip_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_CLIPSIBLINGS | TCS_FOCUSNEVER, 0, 0,
                              0, 0, panel, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kTabStripId)),
                              GetModuleHandleW(nullptr), nullptr);
-    SHFILEINFOW info{};
-    auto icons = reinterpret_cast<HIMAGELIST>(
-        SHGetFileInfoW(L"C:\\", 0, &info, sizeof(info), SHGFI_SYSICONINDEX | SHGFI_SMALLICON));
+    HIMAGELIST icons = win::SystemSmallIcons();
     if (icons) ImageList_SetBkColor(icons, CLR_NONE);
     SendMessageW(strip_, TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(icons));  // the system's list: not ours to free
     SendMessageW(strip_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);

@@ -3,6 +3,9 @@
 #include <cctype>
 #include <cstring>
 
+#include <commoncontrols.h>
+#include <shellapi.h>
+
 namespace tessel::win {
 
 UniquePidl ClonePidl(PCIDLIST_ABSOLUTE pidl) { return UniquePidl(pidl ? ILCloneFull(pidl) : nullptr); }
@@ -77,6 +80,15 @@ std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl) {
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl) {
     std::wstring text = FileSystemPathOf(pidl);
     return text.empty() ? ParsingNameOf(pidl) : text;
+}
+
+HIMAGELIST SystemSmallIcons() {
+    // IID_IImageList, spelled out: not every import library of the SDKs carries it.
+    static constexpr GUID kImageListId = {0x46EB5926, 0x582E, 0x4017, {0x9F, 0xDF, 0xE8, 0x99, 0x8D, 0xAA, 0x09, 0x50}};
+    IImageList* list = nullptr;  // the shell keeps the list for the process; no reference is held
+    if (FAILED(SHGetImageList(SHIL_SMALL, kImageListId, reinterpret_cast<void**>(&list))) || !list) return nullptr;
+    list->Release();
+    return reinterpret_cast<HIMAGELIST>(list);
 }
 
 std::string VerbOf(IContextMenu* menu, UINT offset) {

@@ -25,6 +25,9 @@ std::wstring ParsingNameOf(PCIDLIST_ABSOLUTE pidl);
 std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl);  // "" when the folder has no path
 // The path, or the parsing name of a folder without one: text that parses back to the folder.
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl);
+// The system's small-icon list, asked for without extracting any icon (asking with a drive's
+// path also loads that drive's icon first: about 50 ms at start under Wine). Not ours to free.
+HIMAGELIST SystemSmallIcons();
 // The language-independent verb of a context-menu command, lower case; "" when it has none.
 std::string VerbOf(IContextMenu* menu, UINT offset);
 
