@@ -24,8 +24,8 @@ using testing::WriteBytes;
 // Answers Tessel's message boxes while it lives and keeps the text of the last one.
 class MessageAnswer {
 public:
-    MessageAnswer()
-        : thread_([this](std::stop_token stop) {
+    explicit MessageAnswer(int answer = IDOK)
+        : thread_([this, answer](std::stop_token stop) {
               while (!stop.stop_requested()) {
                   if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
                       wchar_t text[512] = {};
@@ -34,7 +34,7 @@ public:
                           std::lock_guard lock(mutex_);
                           text_ = text;
                       }
-                      PostMessageW(box, WM_COMMAND, IDOK, 0);
+                      PostMessageW(box, WM_COMMAND, answer, 0);
                   }
                   Sleep(20);
               }
@@ -293,6 +293,54 @@ TEST_F(Startup, StartModeCommandsAreWrittenAtOnce) {
     EXPECT_EQ(IniInt(L"Als", 0), 5);
     EXPECT_EQ(tessel.CloseAndWait(), 0);
     EXPECT_TRUE(FileExists(folder_ / L"start.tsf"));
+}
+
+// A dialog of this process (the About box here, a copy's progress in use) is open when the
+// window closes: Tessel waits hidden in the notification area and ends once the dialog is gone;
+// asked from the tray icon, it can end at once, with exit code 1.
+HWND OwnDialog(HWND frame) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(frame, &process);
+    struct Search {
+        DWORD process;
+        HWND found = nullptr;
+    } search{process};
+    EnumWindows(
+        [](HWND window, LPARAM data) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(data);
+            DWORD owner = 0;
+            GetWindowThreadProcessId(window, &owner);
+            wchar_t name[16] = {};
+            GetClassNameW(window, name, 16);
+            if (owner != s->process || std::wstring(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+            s->found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
+    for (bool forced : {false, true}) {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        PostMessageW(tessel.Frame(), WM_COMMAND, ID_APP_ABOUT, 0);
+        HWND about = nullptr;
+        for (int i = 0; i < 250 && !about; ++i, Sleep(20)) about = OwnDialog(tessel.Frame());
+        ASSERT_NE(about, nullptr);
+        PostMessageW(tessel.Frame(), WM_CLOSE, 0, 0);
+        EXPECT_EQ(tessel.WaitForExit(1500), -1) << "still running while the dialog is open";
+        EXPECT_FALSE(IsWindowVisible(tessel.Frame())) << "parked out of sight";
+        EXPECT_TRUE(FileExists(folder_ / L"start.tsf")) << "the last state is saved when it parks";
+        if (!forced) {
+            PostMessageW(about, WM_COMMAND, IDOK, 0);
+            EXPECT_EQ(tessel.WaitForExit(5000), 0) << "ends within the timer's second";
+            continue;
+        }
+        MessageAnswer cancel(IDCANCEL);  // the tray question: Cancel ends at once
+        PostMessageW(tessel.Frame(), WM_APP + 1, 0, WM_LBUTTONUP);
+        EXPECT_EQ(tessel.WaitForExit(5000), 1);
+    }
 }
 
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
