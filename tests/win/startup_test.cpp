@@ -343,6 +343,45 @@ TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
     }
 }
 
+// "New window" hands the arrangement to a further instance through "start2.tsf".
+TEST_F(Startup, AFurtherInstanceOpensWithTheSameFolders) {
+    TempFolder a, b;
+    TesselProcess first(exe_, L"\"" + a.path() + L"\" \"" + b.path() + L"\"");
+    ASSERT_TRUE(first.WaitForWindow());
+    DWORD firstId = 0;
+    GetWindowThreadProcessId(first.Frame(), &firstId);
+    PostMessageW(first.Frame(), WM_COMMAND, ID_FILE_NEW_INSTANCE, 0);
+    struct Search {
+        DWORD other;
+        HWND found = nullptr;
+    } search{firstId};
+    for (int i = 0; i < 500 && !search.found; ++i, Sleep(20))
+        EnumWindows(
+            [](HWND window, LPARAM data) -> BOOL {
+                auto* s = reinterpret_cast<Search*>(data);
+                DWORD owner = 0;
+                GetWindowThreadProcessId(window, &owner);
+                wchar_t name[32] = {};
+                GetClassNameW(window, name, 32);
+                if (owner == s->other || std::wstring(name) != L"TesselMainFrame" || !IsWindowVisible(window)) return TRUE;
+                s->found = window;
+                return FALSE;
+            },
+            reinterpret_cast<LPARAM>(&search));
+    ASSERT_NE(search.found, nullptr) << "a second main window";
+    EXPECT_TRUE(FileExists(folder_ / L"start2.tsf"));
+    wchar_t text[1024] = {};
+    GetWindowTextW(GetDlgItem(search.found, 1002), text, 1024);
+    EXPECT_EQ(LowerCase(text), LowerCase(b.path()));
+    DWORD secondId = 0;
+    GetWindowThreadProcessId(search.found, &secondId);
+    HANDLE second = OpenProcess(SYNCHRONIZE, FALSE, secondId);
+    PostMessageW(search.found, WM_CLOSE, 0, 0);
+    EXPECT_EQ(WaitForSingleObject(second, 20000), WAIT_OBJECT_0);
+    CloseHandle(second);
+    EXPECT_EQ(first.CloseAndWait(), 0);
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
