@@ -337,8 +337,15 @@ TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
             EXPECT_EQ(tessel.WaitForExit(5000), 0) << "ends within the timer's second";
             continue;
         }
-        MessageAnswer cancel(IDCANCEL);  // the tray question: Cancel ends at once
+        // Two clicks on the tray icon ask one question, not one inside the other.
         PostMessageW(tessel.Frame(), WM_APP + 1, 0, WM_LBUTTONUP);
+        PostMessageW(tessel.Frame(), WM_APP + 1, 0, WM_RBUTTONUP);
+        Sleep(700);
+        int questions = 0;
+        for (HWND box = FindWindowW(L"#32770", L"Tessel"); box; box = FindWindowExW(nullptr, box, L"#32770", L"Tessel"))
+            questions += IsWindowVisible(box) ? 1 : 0;
+        EXPECT_EQ(questions, 1);
+        MessageAnswer cancel(IDCANCEL);  // Cancel ends at once
         EXPECT_EQ(tessel.WaitForExit(5000), 1);
     }
 }
