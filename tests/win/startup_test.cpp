@@ -389,6 +389,61 @@ TEST_F(Startup, AFurtherInstanceOpensWithTheSameFolders) {
     EXPECT_EQ(first.CloseAndWait(), 0);
 }
 
+HWND Descendant(HWND parent, int id) {  // a control anywhere inside a dialog and its template
+    struct Search {
+        int id;
+        HWND found = nullptr;
+    } search{id};
+    EnumChildWindows(
+        parent,
+        [](HWND window, LPARAM data) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(data);
+            if (GetDlgCtrlID(window) != s->id) return TRUE;
+            s->found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+// The save-as dialog offers the three choices as the settings keep them; the choices made are
+// kept, and the file holds what they say.
+TEST_F(Startup, SaveAsOffersAndKeepsTheThreeChoices) {
+    WritePrivateProfileStringW(L"Start", L"columns", L"0", Ini().c_str());
+    TempFolder a;
+    TesselProcess tessel(exe_, L"\"" + a.path() + L"\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    PostMessageW(tessel.Frame(), WM_COMMAND, ID_FILE_SAVE_SET, 0);
+    HWND dialog = nullptr;
+    for (int i = 0; i < 250 && !dialog; ++i, Sleep(20)) dialog = OwnDialog(tessel.Frame());
+    ASSERT_NE(dialog, nullptr);
+    Sleep(300);
+    // Wine's dialog leaves the file name box empty whatever name it is given, so "111.tsf" cannot
+    // be read back here; the box itself takes the name typed.
+    HWND name = Descendant(dialog, 0x47C);
+    ASSERT_NE(name, nullptr);
+    HWND layout = Descendant(dialog, IDC_SAVE_LAYOUT), columns = Descendant(dialog, IDC_SAVE_COLUMNS),
+         placement = Descendant(dialog, IDC_SAVE_PLACEMENT);
+    ASSERT_TRUE(layout && columns && placement);
+    EXPECT_EQ(SendMessageW(layout, BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(SendMessageW(columns, BM_GETCHECK, 0, 0), BST_UNCHECKED) << "as the settings keep it";
+    SendMessageW(placement, BM_SETCHECK, BST_UNCHECKED, 0);
+    const std::wstring target = a / L"work";
+    SetWindowTextW(name, target.c_str());
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    for (int i = 0; i < 250 && !FileExists(target + L".tsf"); ++i) Sleep(20);
+    ASSERT_TRUE(FileExists(target + L".tsf")) << "the extension is added";
+    EXPECT_EQ(IniInt(L"wnd_placemant", 1), 0) << "the choice is kept";
+    EXPECT_EQ(IniInt(L"seitenansicht", 0), 1);
+    const std::string saved = ReadBytes(target + L".tsf");
+    std::wstring written;
+    for (size_t i = 2; i + 1 < saved.size(); i += 2)
+        written += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
+    EXPECT_NE(written.find(L"\r\nSP0="), std::wstring::npos) << "with the layout block";
+    EXPECT_EQ(written.find(L"windowplacement="), std::wstring::npos) << "without the placement";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
 TEST_F(Startup, HugeAndOddCommandLinesStartNormally) {
     std::wstring huge(30000, L'"');
     for (size_t i = 0; i < huge.size(); i += 7) huge[i] = L'\x263A';
