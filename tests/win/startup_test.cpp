@@ -298,6 +298,25 @@ TEST_F(Startup, StartModeCommandsAreWrittenAtOnce) {
 // A dialog of this process (the About box here, a copy's progress in use) is open when the
 // window closes: Tessel waits hidden in the notification area and ends once the dialog is gone;
 // asked from the tray icon, it can end at once, with exit code 1.
+// Captions are string ids in the resources: a shown dialog must show texts, not numbers.
+bool ShowsTexts(HWND dialog) {
+    bool texts = true;
+    const auto check = [&texts](HWND window) {
+        wchar_t caption[128] = {};
+        GetWindowTextW(window, caption, 128);
+        texts = texts && !(caption[0] >= L'0' && caption[0] <= L'9' && wcsspn(caption, L"0123456789") == wcslen(caption));
+    };
+    check(dialog);
+    EnumChildWindows(
+        dialog,
+        [](HWND child, LPARAM data) -> BOOL {
+            (*reinterpret_cast<decltype(check)*>(data))(child);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&check));
+    return texts;
+}
+
 HWND OwnDialog(HWND frame) {
     DWORD process = 0;
     GetWindowThreadProcessId(frame, &process);
@@ -328,6 +347,7 @@ TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
         HWND about = nullptr;
         for (int i = 0; i < 250 && !about; ++i, Sleep(20)) about = OwnDialog(tessel.Frame());
         ASSERT_NE(about, nullptr);
+        EXPECT_TRUE(ShowsTexts(about)) << "the About box is localized";
         PostMessageW(tessel.Frame(), WM_CLOSE, 0, 0);
         EXPECT_EQ(tessel.WaitForExit(1500), -1) << "still running while the dialog is open";
         EXPECT_FALSE(IsWindowVisible(tessel.Frame())) << "parked out of sight";
@@ -425,6 +445,7 @@ TEST_F(Startup, SaveAsOffersAndKeepsTheThreeChoices) {
     HWND layout = Descendant(dialog, IDC_SAVE_LAYOUT), columns = Descendant(dialog, IDC_SAVE_COLUMNS),
          placement = Descendant(dialog, IDC_SAVE_PLACEMENT);
     ASSERT_TRUE(layout && columns && placement);
+    EXPECT_TRUE(ShowsTexts(dialog)) << "the choices are localized";
     EXPECT_EQ(SendMessageW(layout, BM_GETCHECK, 0, 0), BST_CHECKED);
     EXPECT_EQ(SendMessageW(columns, BM_GETCHECK, 0, 0), BST_UNCHECKED) << "as the settings keep it";
     SendMessageW(placement, BM_SETCHECK, BST_UNCHECKED, 0);
