@@ -19,7 +19,9 @@ using testing::LowerCase;
 using testing::ReadBytes;
 using testing::TempFolder;
 using testing::TesselProcess;
+using testing::ReadUnicodeText;
 using testing::WriteBytes;
+using testing::WriteUnicodeText;
 
 // Answers Tessel's message boxes while it lives and keeps the text of the last one.
 class MessageAnswer {
@@ -178,9 +180,7 @@ TEST_F(Startup, TheFocusOfTheLastStateComesBack) {
     for (int v = 1; v <= 3; ++v)
         state += L"Folder" + std::to_wstring(v) + L"=" + folders[v - 1] + L"\r\n";
     state += L"Focus=3\r\n\r\n";
-    std::string bytes = "\xFF\xFE";
-    for (wchar_t ch : state) bytes += {static_cast<char>(ch & 0xFF), static_cast<char>(ch >> 8)};
-    WriteBytes(folder_ / L"start.tsf", bytes);
+    WriteUnicodeText(folder_ / L"start.tsf", state);
     {
         TesselProcess tessel(exe_, L"");
         ASSERT_TRUE(tessel.WaitForWindow());
@@ -188,11 +188,8 @@ TEST_F(Startup, TheFocusOfTheLastStateComesBack) {
         Sleep(500);  // the posted focus notices of the views are served
         EXPECT_EQ(tessel.CloseAndWait(), 0);
     }
-    const std::string saved = ReadBytes(folder_ / L"start.tsf");
-    std::wstring text;
-    for (size_t i = 2; i + 1 < saved.size(); i += 2)
-        text += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
-    EXPECT_NE(text.find(L"\r\nFocus=3\r\n"), std::wstring::npos) << std::string(text.begin() + text.find(L"Focus"), text.begin() + text.find(L"Focus") + 7);
+    const std::wstring text = ReadUnicodeText(folder_ / L"start.tsf");
+    EXPECT_NE(text.find(L"\r\nFocus=3\r\n"), std::wstring::npos);
 }
 
 // A file named on the command line that is not a folder set (a text file, an empty file) is
@@ -232,9 +229,7 @@ TEST_F(Startup, TreeStatesOfTheLastStateComeBackAndAreSavedAgain) {
     TempFolder a, b;
     const std::wstring state = L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + a.path() + L"\r\nFolder2=" +
                                b.path() + L"\r\nTree2=1\r\nTree2split=4000\r\nFocus=1\r\n";
-    std::string bytes = "\xFF\xFE";
-    for (wchar_t ch : state) bytes += {static_cast<char>(ch & 0xFF), static_cast<char>(ch >> 8)};
-    WriteBytes(folder_ / L"start.tsf", bytes);
+    WriteUnicodeText(folder_ / L"start.tsf", state);
     {
         TesselProcess tessel(exe_, L"");
         ASSERT_TRUE(tessel.WaitForWindow());
@@ -248,10 +243,7 @@ TEST_F(Startup, TreeStatesOfTheLastStateComeBackAndAreSavedAgain) {
         EXPECT_NEAR(treeRect.right - treeRect.left, panelRect.right * 4 / 10, 3) << "Tree2split is its width";
         EXPECT_EQ(tessel.CloseAndWait(), 0);
     }
-    const std::string saved = ReadBytes(folder_ / L"start.tsf");
-    std::wstring text;
-    for (size_t i = 2; i + 1 < saved.size(); i += 2)
-        text += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
+    const std::wstring text = ReadUnicodeText(folder_ / L"start.tsf");
     EXPECT_NE(text.find(L"\r\nTree2=1\r\n"), std::wstring::npos);
     EXPECT_NE(text.find(L"\r\nTree2split=4000\r\n"), std::wstring::npos);
     EXPECT_NE(text.find(L"\r\nTree1=0\r\n"), std::wstring::npos);
@@ -262,10 +254,8 @@ TEST_F(Startup, BrowseFormsLoadTheLastStateFirst) {
     TempFolder kept, one, browsed;
     const std::wstring state = L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + one.path() + L"\r\nFolder2=" +
                                kept.path() + L"\r\n";
-    std::string bytes = "\xFF\xFE";
-    for (wchar_t ch : state) bytes += {static_cast<char>(ch & 0xFF), static_cast<char>(ch >> 8)};
     for (const std::wstring& line : {L"\"/Browse\" \"" + browsed.path() + L"\"", L"/e,/root > " + browsed.path()}) {
-        WriteBytes(folder_ / L"start.tsf", bytes);
+        WriteUnicodeText(folder_ / L"start.tsf", state);
         TesselProcess tessel(exe_, line);
         ASSERT_TRUE(tessel.WaitForWindow());
         EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(browsed.path())) << (line[0] == L'/' ? "/e" : "/Browse");
@@ -456,10 +446,7 @@ TEST_F(Startup, SaveAsOffersAndKeepsTheThreeChoices) {
     ASSERT_TRUE(FileExists(target + L".tsf")) << "the extension is added";
     EXPECT_EQ(IniInt(L"wnd_placemant", 1), 0) << "the choice is kept";
     EXPECT_EQ(IniInt(L"seitenansicht", 0), 1);
-    const std::string saved = ReadBytes(target + L".tsf");
-    std::wstring written;
-    for (size_t i = 2; i + 1 < saved.size(); i += 2)
-        written += static_cast<wchar_t>(static_cast<unsigned char>(saved[i]) | (static_cast<unsigned char>(saved[i + 1]) << 8));
+    const std::wstring written = ReadUnicodeText(target + L".tsf");
     EXPECT_NE(written.find(L"\r\nSP0="), std::wstring::npos) << "with the layout block";
     EXPECT_EQ(written.find(L"windowplacement="), std::wstring::npos) << "without the placement";
     EXPECT_EQ(tessel.CloseAndWait(), 0);

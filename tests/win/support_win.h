@@ -19,6 +19,9 @@ private:
 };
 
 void WriteBytes(const std::wstring& path, const std::string& bytes);
+// Text files as Tessel writes them: UTF-16LE after a byte-order mark.
+void WriteUnicodeText(const std::wstring& path, const std::wstring& text);
+std::wstring ReadUnicodeText(const std::wstring& path);
 std::string ReadBytes(const std::wstring& path);
 bool FileExists(const std::wstring& path);
 std::wstring TestBinFolder();  // where tessel.exe and the tests are built
