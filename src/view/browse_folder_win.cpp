@@ -20,7 +20,6 @@ void RememberListFont(HFONT font);
 namespace {
 
 constexpr UINT_PTR kTimerTick = 1005;
-constexpr int kFilterTextLimit = 2048;
 
 // The caller's flags minus the ones a browser view never wants, plus the options' choices.
 UINT AdjustViewFlags(UINT flags) {
@@ -28,6 +27,15 @@ UINT AdjustViewFlags(UINT flags) {
     if (Options().noenumrefresh) flags |= FWF_NOENUMREFRESH; else flags &= ~FWF_NOENUMREFRESH;
     if (Options().header_in_all_views) flags &= ~FWF_NOHEADERINALLVIEWS; else flags |= FWF_NOHEADERINALLVIEWS;
     return flags;
+}
+
+// A folder of the file system that was deleted since its identifier was made still binds; such
+// a target is refused like one that cannot be bound.
+bool StillThere(PCIDLIST_ABSOLUTE folder) {
+    const std::wstring path = win::FileSystemPathOf(folder);
+    if (path.empty()) return true;
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
 }  // namespace
@@ -97,21 +105,22 @@ HWND CMyShellBrowser::GetListControl() const {
     return list;
 }
 
+void CMyShellBrowser::CaptureOutgoingState() {
+    if (!view_) return;
+    view_->GetCurrentInfo(&outgoing_.settings);
+    HWND list = GetListControl();
+    outgoing_.selectedCount = list ? static_cast<int>(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0)) : 0;
+    outgoing_.filterText = FilterText();
+}
+
 void CMyShellBrowser::RecordOutgoingState() {
     if (!view_) return;
     if (Options().spalten_speichern && !viewSaved_) {
         view_->SaveViewState();
         if (HarvestStreams()) columns_.Save(Settings(), columnSection_);  // written only when it changed
     }
-    view_->GetCurrentInfo(&outgoing_.settings);
-    HWND list = GetListControl();
-    outgoing_.selectedCount = list ? static_cast<int>(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0)) : 0;
-    outgoing_.filterText.clear();
-    if (filterBox_) {
-        wchar_t text[kFilterTextLimit + 1] = {};
-        GetWindowTextW(filterBox_, text, kFilterTextLimit + 1);
-        outgoing_.filterText = text;
-    }
+    CaptureOutgoingState();
+    RecordHistoryEntry();
     if (Options().audio_click && !suppressClick_) PlayNavigationClick();
 }
 
@@ -133,7 +142,7 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     const bool savedRequest = std::exchange(statusRequested_, true);
     static const int kColorIds[4] = {COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT, COLOR_BTNFACE, COLOR_WINDOWTEXT};
     for (int i = 0; i < 4; ++i) colors_[i] = GetSysColor(kColorIds[i]);
-    win::ComPtr<IShellFolder> folder = win::BindFolder(target_.get());
+    win::ComPtr<IShellFolder> folder = StillThere(target_.get()) ? win::BindFolder(target_.get()) : nullptr;
     targetFolder_ = folder;  // the view asks for its columns while it is made
     statusText_.clear();
     Sleep(0);
@@ -169,11 +178,15 @@ bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTING
         RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
         return false;
     }
+    const bool leftAFolder = static_cast<bool>(shown_);
     TearDownView();
     view_ = view;
     viewWindow_ = window;
     viewSaved_ = false;
-    if (counted) highestIndex_ = ++historyIndex_;
+    if (counted && leftAFolder) {  // the first folder of a view is entry 0
+        history_.Advance();
+        owner_.HistoryChanged(*this);
+    }
     previous_ = std::move(shown_);
     previousFolder_ = std::move(shownFolder_);
     shown_ = win::ClonePidl(target_.get());

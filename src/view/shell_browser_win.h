@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "view/column_store.h"
+#include "view/navigation_history.h"
 #include "view/shell_change.h"
 #include "view/status_worker_win.h"
 #include "win/com_ptr_win.h"
@@ -32,6 +33,10 @@ public:
     virtual void ToggleFilterBox() = 0;
     virtual void BrowserFocused(CMyShellBrowser& browser) = 0;  // its list took the keyboard focus
     virtual int ViewNumber() const = 0;  // counted from 0
+    // The view filter's switches that travel with the history entries.
+    virtual ViewFilterState FilterState() const { return {}; }
+    // Back or forward became possible or impossible.
+    virtual void HistoryChanged(CMyShellBrowser& browser) {}
 };
 
 inline constexpr UINT kMsgQueryBrowser = WM_USER + 7;
@@ -94,7 +99,24 @@ public:
     HWND ViewWindow() const { return viewWindow_; }
     const std::wstring& StatusText() const { return statusText_; }
     const std::wstring& FreeSpaceText() const { return freeSpaceText_; }
-    int HistoryIndex() const { return historyIndex_; }
+    int HistoryIndex() const { return history_.Current(); }
+    const NavigationHistory& History() const { return history_; }
+
+    // History: jumps, back and forward, the menus of the back and forward buttons.
+    int GoToEntry(int index);  // 0 when refused (a jump is running somewhere)
+    void GoBack();
+    void GoForward();
+    void ClearHistory();
+    // Nearest entry first, each with its index + 1 as command; the clear item ends it.
+    win::UniqueMenu BuildHistoryMenu(bool forward) const;
+    void RunHistoryCommand(UINT command);
+    void ShowHistoryMenu(bool forward, POINT screenPoint);
+    // Hands this view's folder to another: with its view settings and columns, its history and
+    // its selection as chosen.
+    void TransferTo(CMyShellBrowser& target, bool viewSettings, bool history, bool selection);
+    // The identifiers of the selected items; empty when nothing is selected.
+    std::vector<ItemBytes> SelectedItems() const;
+    void SelectItems(const std::vector<ItemBytes>& items);
     const ShellChange& LastShellChange() const { return lastChange_; }
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
     bool closed = false;  // kept by the panel for reuse
@@ -129,6 +151,9 @@ private:
     bool SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted);
     FOLDERSETTINGS NextFolderSettings() const;
     void RecordOutgoingState();
+    void CaptureOutgoingState();  // view settings, selected count and filter text of the view
+    void RecordHistoryEntry();
+    std::wstring FilterText() const;
     void AfterViewCreated();
     std::wstring FolderPathForStatus() const;
 
@@ -167,9 +192,9 @@ private:
         int selectedCount = 0;
     } outgoing_;
 
-    int historyIndex_ = -1;
-    int highestIndex_ = -1;
-    int jumpIndex_ = -1;
+    NavigationHistory history_;
+    int jumpIndex_ = -1;         // the entry a running jump goes to
+    FOLDERSETTINGS jumpSettings_{FVM_DETAILS, 0};
     bool navigating_ = false;
     bool firstNavigationDone_ = false;
     bool suppressClick_ = false;

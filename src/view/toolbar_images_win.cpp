@@ -74,6 +74,12 @@ void DrawPage(Glyph& g, int l, int t, int r, int b) {
 
 void DrawCommand(Glyph& g, int command) {
     switch (command) {
+    case ID_VIEW_BACK:
+        g.Shape({{1, 8}, {8, 2}, {8, 6}, {15, 6}, {15, 10}, {8, 10}, {8, 14}}, kGreen);
+        break;
+    case ID_VIEW_FORWARD:
+        g.Shape({{15, 8}, {8, 2}, {8, 6}, {1, 6}, {1, 10}, {8, 10}, {8, 14}}, kGreen);
+        break;
     case ID_VIEW_UP:
         DrawFolder(g);
         g.Shape({{8, 1}, {3, 7}, {13, 7}}, kGreen);

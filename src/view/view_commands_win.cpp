@@ -37,8 +37,13 @@ LRESULT CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM
         return result;
     }
     case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:  // with Alt held
         if (self->OnListKey(wParam)) return 0;
         break;
+    case WM_XBUTTONUP:  // the mouse's back and forward buttons
+        if (GET_XBUTTON_WPARAM(wParam) == XBUTTON1) self->GoBack();
+        if (GET_XBUTTON_WPARAM(wParam) == XBUTTON2) self->GoForward();
+        return TRUE;
     case WM_LBUTTONDBLCLK: {
         LVHITTESTINFO hit{{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}};
         if (Options().lmouse_dblclk && SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0) {
@@ -89,6 +94,8 @@ bool CMyShellBrowser::OnListKey(WPARAM key) {
     if (key == VK_F2) return Execute(ID_VIEW_RENAME), true;
     if (key == VK_F5) return Execute(ID_VIEW_REFRESH), true;
     if (alt && key == VK_UP) return NavigateUp(), true;
+    if (alt && key == VK_LEFT) return GoBack(), true;
+    if (alt && key == VK_RIGHT) return GoForward(), true;
     if (control && key == 'A') {
         LVITEMW all{};
         all.state = all.stateMask = LVIS_SELECTED;
@@ -216,6 +223,12 @@ void CMyShellBrowser::Execute(int command) {
     switch (command) {
     case ID_VIEW_UP:
         NavigateUp();
+        break;
+    case ID_VIEW_BACK:
+        GoBack();
+        break;
+    case ID_VIEW_FORWARD:
+        GoForward();
         break;
     case ID_VIEW_FILTER_TOGGLE:
         owner_.ToggleFilterBox();

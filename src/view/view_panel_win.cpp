@@ -201,6 +201,12 @@ void CPloder::BrowserNavigated(CMyShellBrowser& browser) {
     wchar_t title[64];
     std::swprintf(title, 64, GetText(IDS_VIEW_NUMBER).c_str(), viewIndex_ + 1);
     SetWindowTextW(location_, (std::wstring(title) + L":  " + name).c_str());
+    HistoryChanged(browser);
+}
+
+void CPloder::HistoryChanged(CMyShellBrowser& browser) {
+    if (&browser == active_)
+        toolbars_.EnableHistory(browser.History().CanGoBack(), browser.History().CanGoForward());
 }
 
 void CPloder::BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) {
@@ -328,6 +334,8 @@ LRESULT CPloder::OnNotify(NMHDR* header) {
         POINT at{button.left, button.bottom};
         ClientToScreen(header->hwndFrom, &at);
         if (active_ && drop->iItem == ID_VIEW_MODES) active_->ShowViewModeMenu(at);
+        if (active_ && (drop->iItem == ID_VIEW_BACK || drop->iItem == ID_VIEW_FORWARD))
+            active_->ShowHistoryMenu(drop->iItem == ID_VIEW_FORWARD, at);
         return TBDDRET_DEFAULT;
     }
     return 0;

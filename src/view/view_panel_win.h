@@ -73,6 +73,10 @@ public:
     win::UniqueMenu BuildBackgroundMenu(win::ComPtr<IContextMenu>& menu);
     void ToggleFilterBox() override;
     void BrowserFocused(CMyShellBrowser& browser) override;
+    ViewFilterState FilterState() const override {
+        return {filter_.by_filter, filter_.by_negativ, filter_.by_dir_filter, filter_.show_filter};
+    }
+    void HistoryChanged(CMyShellBrowser& browser) override;
     // Reads "show_tree" again (the frame's tree mode changed) and lays the panel out.
     void ReloadTreeState();
     CShellTree2& FolderTree() { return folderTree_; }

@@ -86,6 +86,14 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
     if (bars_[0]) {
         const LRESULT index = SendMessageW(bars_[0], TB_COMMANDTOINDEX, ID_VIEW_FOLDER_SIZES, 0);
         if (index >= 0) SendMessageW(bars_[0], TB_DELETEBUTTON, index, 0);
+        // Back and forward list their history behind an arrow; both start disabled.
+        SendMessageW(bars_[0], TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
+        for (int command : {ID_VIEW_BACK, ID_VIEW_FORWARD}) {
+            TBBUTTONINFOW info{sizeof(info), TBIF_STYLE | TBIF_STATE};
+            info.fsStyle = BTNS_BUTTON | BTNS_DROPDOWN;
+            info.fsState = 0;
+            SendMessageW(bars_[0], TB_SETBUTTONINFOW, command, reinterpret_cast<LPARAM>(&info));
+        }
     }
     if (bars_[2]) {
         SendMessageW(bars_[2], TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
@@ -96,6 +104,12 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
     }
     for (HWND bar : bars_)
         if (bar) SendMessageW(bar, TB_AUTOSIZE, 0, 0);
+}
+
+void ViewToolbars::EnableHistory(bool back, bool forward) {
+    if (!bars_[0]) return;
+    SendMessageW(bars_[0], TB_ENABLEBUTTON, ID_VIEW_BACK, MAKELONG(back, 0));
+    SendMessageW(bars_[0], TB_ENABLEBUTTON, ID_VIEW_FORWARD, MAKELONG(forward, 0));
 }
 
 int ViewToolbars::Height() const {

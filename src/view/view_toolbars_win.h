@@ -24,6 +24,7 @@ public:
     // is room again; the main toolbar always stays.
     int Place(HWND statusBar, int textWidth);
     int Height() const;
+    void EnableHistory(bool back, bool forward);
     HWND View() const { return bars_[0]; }
     HWND Extra() const { return bars_[1]; }
     HWND Modes() const { return bars_[2]; }

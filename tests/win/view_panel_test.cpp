@@ -48,8 +48,14 @@ TEST(ViewPanel, ChildrenToolbarsAndSettings) {
     const ViewToolbars& bars = panel.Toolbars();
     EXPECT_EQ(GetParent(bars.View()), panel.StatusBar()) << "the status bar carries the toolbars";
     EXPECT_EQ(ButtonCommands(bars.View()),
-              (std::vector<int>{ID_VIEW_UP, ID_VIEW_REFRESH, 0, ID_VIEW_NEW_FOLDER, ID_VIEW_CUT, ID_VIEW_COPY,
+              (std::vector<int>{ID_VIEW_BACK, ID_VIEW_FORWARD, ID_VIEW_UP, ID_VIEW_REFRESH, 0, ID_VIEW_NEW_FOLDER, ID_VIEW_CUT, ID_VIEW_COPY,
                                 ID_VIEW_PASTE, ID_VIEW_DELETE, ID_VIEW_PROPERTIES}));
+    // Back and forward wait for a history and list it behind their arrows.
+    EXPECT_FALSE(SendMessageW(bars.View(), TB_ISBUTTONENABLED, ID_VIEW_BACK, 0));
+    EXPECT_TRUE(SendMessageW(bars.View(), TB_GETEXTENDEDSTYLE, 0, 0) & TBSTYLE_EX_DRAWDDARROWS);
+    panel.Active()->Execute(ID_VIEW_UP);
+    EXPECT_TRUE(SendMessageW(bars.View(), TB_ISBUTTONENABLED, ID_VIEW_BACK, 0));
+    EXPECT_FALSE(SendMessageW(bars.View(), TB_ISBUTTONENABLED, ID_VIEW_FORWARD, 0));
     EXPECT_EQ(ButtonCommands(bars.Modes()), (std::vector<int>{ID_VIEW_MODES, ID_VIEW_FILTER_TOGGLE}));
     EXPECT_TRUE(SendMessageW(bars.Modes(), TB_GETEXTENDEDSTYLE, 0, 0) & TBSTYLE_EX_DRAWDDARROWS);
     EXPECT_FALSE(IsWindowVisible(bars.Extra()));

@@ -1,0 +1,209 @@
+// The browser view's history: what each navigation records of the view it leaves, the jumps
+// back and forward with view mode and selection restored, the history menus, and the transfer
+// of a view with its history to another T-View.
+#include <windows.h>
+#include <commctrl.h>
+#include <shlobj.h>
+
+#include <cstring>
+
+#include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "res/resource.h"
+#include "view/shell_browser_win.h"
+#include "win/shell_item_win.h"
+
+namespace tessel {
+namespace {
+
+ItemBytes BytesOf(PCUIDLIST_RELATIVE pidl) {
+    if (!pidl) return {};
+    const auto* data = reinterpret_cast<const uint8_t*>(pidl);
+    return ItemBytes(data, data + ILGetSize(pidl));
+}
+
+// A list of our own from stored bytes; none when the bytes are not a list.
+win::UniquePidl PidlOf(const ItemBytes& bytes) {
+    if (!IsItemList(bytes)) return {};
+    void* copy = CoTaskMemAlloc(bytes.size());
+    if (copy) std::memcpy(copy, bytes.data(), bytes.size());
+    return win::UniquePidl(static_cast<PIDLIST_ABSOLUTE>(copy));
+}
+
+// The selection as the view hands it out in one call: the shell's identifier array.
+std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data) {
+    std::vector<ItemBytes> items;
+    static const CLIPFORMAT format = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(L"Shell IDList Array"));
+    FORMATETC wanted{format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+    STGMEDIUM medium{};
+    if (!data || FAILED(data->GetData(&wanted, &medium))) return items;
+    const size_t size = GlobalSize(medium.hGlobal);
+    if (const auto* ids = static_cast<const CIDA*>(GlobalLock(medium.hGlobal))) {
+        const auto* base = reinterpret_cast<const uint8_t*>(ids);
+        const size_t header = sizeof(UINT) * (size_t{ids->cidl} + 2);
+        for (UINT i = 1; size >= header && i <= ids->cidl; ++i) {
+            const size_t offset = ids->aoffset[i];
+            if (offset >= size) continue;
+            // An item's list must end inside the block before it is read.
+            ItemBytes bytes;
+            for (size_t at = offset; at + 2 <= size;) {
+                const size_t length = base[at] | (size_t{base[at + 1]} << 8);
+                if (length == 0) {
+                    bytes.assign(base + offset, base + at + 2);
+                    break;
+                }
+                if (length < 2) break;
+                at += length;
+            }
+            if (!bytes.empty()) items.push_back(std::move(bytes));
+        }
+        GlobalUnlock(medium.hGlobal);
+    }
+    ReleaseStgMedium(&medium);
+    return items;
+}
+
+}  // namespace
+
+std::vector<ItemBytes> CMyShellBrowser::SelectedItems() const {
+    HWND list = GetListControl();
+    if (!view_ || !list || SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0) <= 0) return {};
+    win::ComPtr<IDataObject> data;
+    if (SUCCEEDED(view_->GetItemObject(SVGIO_SELECTION, IID_IDataObject, data.put_void()))) {
+        std::vector<ItemBytes> items = ItemsOfIdArray(data.get());
+        if (!items.empty()) return items;
+    }
+    // Without the array: the list's selected rows, each asked of the view.
+    std::vector<ItemBytes> items;
+    win::ComPtr<IFolderView> folderView = view_.As<IFolderView>();
+    for (int index = -1; folderView;) {
+        index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED));
+        if (index < 0) break;
+        PITEMID_CHILD child = nullptr;
+        if (SUCCEEDED(folderView->Item(index, &child)) && child) items.push_back(BytesOf(child));
+        CoTaskMemFree(child);
+    }
+    return items;
+}
+
+void CMyShellBrowser::SelectItems(const std::vector<ItemBytes>& items) {
+    if (!view_) return;
+    UINT flags = SVSI_SELECT | SVSI_DESELECTOTHERS | SVSI_ENSUREVISIBLE | SVSI_FOCUSED;
+    for (const ItemBytes& bytes : items) {
+        // A child's identifier is a list of one item; the view matches it against its own.
+        if (!IsItemList(bytes)) continue;
+        if (SUCCEEDED(view_->SelectItem(reinterpret_cast<PCUITEMID_CHILD>(bytes.data()), flags)))
+            flags = SVSI_SELECT;
+    }
+}
+
+std::wstring CMyShellBrowser::FilterText() const {
+    if (!filterBox_) return {};
+    std::wstring text(kHistoryFilterTextLimit + 1, L'\0');
+    text.resize(GetWindowTextW(filterBox_, text.data(), static_cast<int>(text.size())));
+    return text;
+}
+
+// The entry of the current index gets the state the view is left in.
+void CMyShellBrowser::RecordHistoryEntry() {
+    if (!shown_) return;
+    HistoryEntry& entry = history_.RecordCurrent();
+    entry.folder = BytesOf(shown_.get());
+    entry.filter = owner_.FilterState();
+    entry.filterText = outgoing_.filterText;
+    entry.selection = outgoing_.selectedCount > 0 ? SelectedItems() : std::vector<ItemBytes>{};
+    entry.viewMode = outgoing_.settings.ViewMode;
+    entry.viewFlags = outgoing_.settings.fFlags;
+}
+
+int CMyShellBrowser::GoToEntry(int index) {
+    HistoryJumpGuard jump;
+    if (!jump.Acquired() || index < 0) return 0;
+    const HistoryEntry& entry = history_.Entry(index);
+    const bool sameFilter = SameFilter(entry, owner_.FilterState(), FilterText());
+    jumpIndex_ = index;
+    if (Options().merke_ansicht && entry.viewMode) {
+        jumpSettings_ = {entry.viewMode, entry.viewFlags};
+        callerSettings_ = &jumpSettings_;
+    }
+    if (win::UniquePidl folder = PidlOf(entry.folder)) NavigateTo(std::move(folder), true, false);
+    // The index follows the request, shown or not.
+    history_.SetCurrent(index);
+    callerSettings_ = nullptr;
+    jumpIndex_ = -1;
+    if (Options().merke_markierte && sameFilter && history_.Find(index)) SelectItems(history_.Find(index)->selection);
+    owner_.HistoryChanged(*this);
+    return 1;
+}
+
+void CMyShellBrowser::GoBack() {
+    if (history_.CanGoBack()) GoToEntry(history_.Current() - 1);
+}
+
+void CMyShellBrowser::GoForward() {
+    if (history_.CanGoForward()) GoToEntry(history_.Current() + 1);
+}
+
+void CMyShellBrowser::ClearHistory() {
+    history_.Clear();
+    owner_.HistoryChanged(*this);
+}
+
+win::UniqueMenu CMyShellBrowser::BuildHistoryMenu(bool forward) const {
+    win::UniqueMenu menu(CreatePopupMenu());
+    const std::vector<int> indices = forward ? history_.ForwardIndices() : history_.BackIndices();
+    int shown = 0;
+    for (int index : indices) {
+        const HistoryEntry* entry = history_.Find(index);
+        win::UniquePidl folder = entry ? PidlOf(entry->folder) : win::UniquePidl();
+        if (!folder || index == kHistoryClearCommand - 1) continue;
+        std::wstring name = win::LocationNameOf(folder.get());
+        if (name.empty()) name = L"?";
+        AppendMenuW(menu.get(), MF_STRING, static_cast<UINT_PTR>(index) + 1, name.c_str());
+        ++shown;
+    }
+    if (shown > 0) {
+        AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(menu.get(), MF_STRING, kHistoryClearCommand, GetText(19).c_str());
+    }
+    return menu;
+}
+
+void CMyShellBrowser::RunHistoryCommand(UINT command) {
+    if (command == kHistoryClearCommand)
+        ClearHistory();
+    else if (command >= 1)
+        GoToEntry(static_cast<int>(command - 1));
+}
+
+void CMyShellBrowser::ShowHistoryMenu(bool forward, POINT screen) {
+    win::UniqueMenu menu = BuildHistoryMenu(forward);
+    if (!menu || GetMenuItemCount(menu.get()) <= 0) return;
+    const UINT command = TrackPopupMenu(menu.get(), TPM_RETURNCMD, screen.x, screen.y, 0, hwnd(), nullptr);
+    if (command) RunHistoryCommand(command);
+}
+
+void CMyShellBrowser::TransferTo(CMyShellBrowser& target, bool viewSettings, bool history, bool selection) {
+    if (!view_ || !shown_ || &target == this) return;
+    const std::vector<ItemBytes> selected = selection ? SelectedItems() : std::vector<ItemBytes>{};
+    if (viewSettings) {
+        SaveColumnMemory();  // the target reads the same kind of section: the columns go along
+        target.LoadColumnMemory();
+        target.jumpSettings_ = CurrentSettings();
+        target.callerSettings_ = &target.jumpSettings_;
+    }
+    // Without the history the target's own goes on, so the step counts there.
+    target.NavigateTo(win::ClonePidl(shown_.get()), true, !history);
+    target.callerSettings_ = nullptr;
+    if (history) {
+        // The shown folder's entry as it is now, then the whole history, after the target's
+        // own navigation has recorded what it left.
+        CaptureOutgoingState();
+        RecordHistoryEntry();
+        target.history_.CopyFrom(history_);
+    }
+    if (selection) target.SelectItems(selected);
+    target.owner_.HistoryChanged(target);
+}
+
+}  // namespace tessel
