@@ -96,6 +96,17 @@
 #define ID_VIEW_MODE_THUMBNAILS 42884
 #define ID_BACKGROUND_TITLE 111111
 
+// The transfer menu: its header (also the toolbar button), the three choices kept in section
+// "Transfer", and one item per T-View (32833 + the T-View's index from 0). Copy-to and move-to
+// list the same T-Views.
+#define ID_TRANSFER 45054
+#define ID_TRANSFER_VIEW_SET 45055
+#define ID_TRANSFER_HISTORY 45056
+#define ID_TRANSFER_SELECTION 45057
+#define ID_TRANSFER_VIEW_FIRST 32833
+#define ID_COPY_TO_VIEW 57634
+#define ID_MOVE_TO_VIEW 57635
+
 // The toolbars of a T-View, carried by its status bar, and the click of a navigation.
 #define IDR_TOOLBAR_VIEW 241
 #define IDR_TOOLBAR_EXTRA 244

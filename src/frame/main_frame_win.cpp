@@ -87,6 +87,7 @@ bool CMainFrame::OnCreate() {
         panels_[i] = std::make_unique<CPloder>(i);
         if (!panels_[i]->Create(hwnd())) return false;
     }
+    for (auto& panel : panels_) panel->SetPeers([this](int index) { return &Panel(index + 1); });
     StartMark("panels");
     HWND tree = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"",
                                 WS_CHILD | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS, 0, 0, 0, 0,

@@ -80,6 +80,17 @@ void DrawCommand(Glyph& g, int command) {
     case ID_VIEW_FORWARD:
         g.Shape({{15, 8}, {8, 2}, {8, 6}, {1, 6}, {1, 10}, {8, 10}, {8, 14}}, kGreen);
         break;
+    case ID_TRANSFER:  // one pane handed to the next
+        g.Box(1, 2, 7, 14, kPaper);
+        g.Box(9, 2, 15, 14, kPaper);
+        g.Shape({{3, 6}, {9, 6}, {9, 3}, {13, 8}, {9, 13}, {9, 10}, {3, 10}}, kBlue);
+        break;
+    case ID_COPY_TO_VIEW:
+    case ID_MOVE_TO_VIEW:
+        DrawPage(g, 1, 1, 9, 12);
+        g.Shape({{7, 9}, {11, 9}, {11, 6}, {15, 11}, {11, 15}, {11, 12}, {7, 12}},
+                command == ID_COPY_TO_VIEW ? kGreen : kRed);
+        break;
     case ID_VIEW_UP:
         DrawFolder(g);
         g.Shape({{8, 1}, {3, 7}, {13, 7}}, kGreen);

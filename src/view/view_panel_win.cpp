@@ -336,6 +336,8 @@ LRESULT CPloder::OnNotify(NMHDR* header) {
         if (active_ && drop->iItem == ID_VIEW_MODES) active_->ShowViewModeMenu(at);
         if (active_ && (drop->iItem == ID_VIEW_BACK || drop->iItem == ID_VIEW_FORWARD))
             active_->ShowHistoryMenu(drop->iItem == ID_VIEW_FORWARD, at);
+        if (drop->iItem == ID_TRANSFER || drop->iItem == ID_COPY_TO_VIEW || drop->iItem == ID_MOVE_TO_VIEW)
+            ShowTransferMenu(drop->iItem, at);
         return TBDDRET_DEFAULT;
     }
     return 0;

@@ -2,6 +2,7 @@
 // A T-View as the user sees it: its location line, filter box, optional folder tree, status
 // bar with the toolbars, and the browser views of its tabs, one of them active and shown.
 #include <array>
+#include <functional>
 #include <string>
 
 #include <memory>
@@ -81,6 +82,15 @@ public:
     void ReloadTreeState();
     CShellTree2& FolderTree() { return folderTree_; }
 
+    // The other T-Views, for transfers: the panel of an index from 0, null when there is none.
+    using PeerLookup = std::function<CPloder*(int index)>;
+    void SetPeers(PeerLookup peers) { peers_ = std::move(peers); }
+    // ID_TRANSFER: the header, the three choices and the T-Views; ID_COPY_TO_VIEW and
+    // ID_MOVE_TO_VIEW: the T-Views only. The own T-View and empty ones are disabled.
+    win::UniqueMenu BuildTransferMenu(UINT kind) const;
+    void RunTransferCommand(UINT kind, UINT command);
+    void ShowTransferMenu(UINT kind, POINT screenPoint);
+
     // ITabOwner
     CMyShellBrowser* CreateTabBrowser(const TabRecord& tab) override;
     void ShowTabBrowser(CMyShellBrowser* browser) override { Activate(browser); }
@@ -116,6 +126,7 @@ private:
     ViewToolbars toolbars_;
     std::unique_ptr<CCBrowserTabView> tabs_;
     CShellTree2 folderTree_;
+    PeerLookup peers_;
 };
 
 // Sent to the main frame when a T-View takes the keyboard focus; wParam is its index from 0.

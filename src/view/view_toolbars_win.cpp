@@ -94,6 +94,12 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
             info.fsState = 0;
             SendMessageW(bars_[0], TB_SETBUTTONINFOW, command, reinterpret_cast<LPARAM>(&info));
         }
+        // Transfer, copy-to and move-to are menus of the T-Views only.
+        for (int command : {ID_TRANSFER, ID_COPY_TO_VIEW, ID_MOVE_TO_VIEW}) {
+            TBBUTTONINFOW info{sizeof(info), TBIF_STYLE};
+            info.fsStyle = BTNS_BUTTON | BTNS_WHOLEDROPDOWN;
+            SendMessageW(bars_[0], TB_SETBUTTONINFOW, command, reinterpret_cast<LPARAM>(&info));
+        }
     }
     if (bars_[2]) {
         SendMessageW(bars_[2], TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);

@@ -9,6 +9,7 @@
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "view_host_win.h"
 #include "win/shell_item_win.h"
@@ -189,6 +190,48 @@ TEST_F(History, ATransferWithoutHistoryOnlyMovesTheFolder) {
     EXPECT_EQ(Shown(1), Expected(L"two"));
     target.GoBack();
     EXPECT_EQ(Shown(1), Expected(L"three")) << "the target's own history is kept";
+}
+
+}  // namespace
+}  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+TEST_F(History, TheTransferMenuKeepsItsChoicesAndServesCopyAndMoveToo) {
+    ASSERT_TRUE(Go(L"one"));
+    ASSERT_TRUE(Go(L"two", 1));
+    CPloder& source = host_.Panel(0);
+    std::vector<UINT> ids;
+    win::UniqueMenu menu = source.BuildTransferMenu(ID_TRANSFER);
+    const std::vector<std::wstring> texts = MenuTexts(menu.get(), &ids);
+    EXPECT_EQ(ids, (std::vector<UINT>{45054, 45055, 45056, 45057, 0, 32833, 32834, 32835, 32836}));
+    EXPECT_EQ(texts[2], LowerCase(GetText(282)));
+    EXPECT_TRUE(GetMenuState(menu.get(), 45056, MF_BYCOMMAND) & MF_CHECKED) << "each choice starts ticked";
+    EXPECT_TRUE(GetMenuState(menu.get(), 32833, MF_BYCOMMAND) & MF_GRAYED) << "not to itself";
+    EXPECT_FALSE(GetMenuState(menu.get(), 32834, MF_BYCOMMAND) & MF_GRAYED);
+    EXPECT_TRUE(GetMenuState(menu.get(), 32835, MF_BYCOMMAND) & MF_GRAYED) << "no such T-View here";
+
+    source.RunTransferCommand(ID_TRANSFER, 45056);  // history off, written at once
+    EXPECT_EQ(Settings().GetInt(L"Transfer", L"hystori", -1), 0);
+    EXPECT_FALSE(GetMenuState(source.BuildTransferMenu(ID_TRANSFER).get(), 45056, MF_BYCOMMAND) & MF_CHECKED);
+    source.RunTransferCommand(ID_TRANSFER, 32834);
+    EXPECT_EQ(Shown(1), Expected(L"one"));
+    host_.Browser(1).GoBack();
+    EXPECT_EQ(Shown(1), Expected(L"two")) << "without the history the target keeps its own";
+
+    // Copy-to and move-to: the files themselves go to the other T-View's folder.
+    EXPECT_EQ(GetMenuItemCount(source.BuildTransferMenu(ID_COPY_TO_VIEW).get()), 4);
+    DeleteFileW((files_ / L"two\\a.txt").c_str());
+    DeleteFileW((files_ / L"two\\b.txt").c_str());
+    ASSERT_TRUE(SelectByName(host_.Browser(0), L"a.txt"));
+    source.RunTransferCommand(ID_COPY_TO_VIEW, 32834);
+    EXPECT_NE(GetFileAttributesW((files_ / L"two\\a.txt").c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(GetFileAttributesW((files_ / L"one\\a.txt").c_str()), INVALID_FILE_ATTRIBUTES);
+    ASSERT_TRUE(SelectByName(host_.Browser(0), L"b.txt"));
+    source.RunTransferCommand(ID_MOVE_TO_VIEW, 32834);
+    EXPECT_NE(GetFileAttributesW((files_ / L"two\\b.txt").c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesW((files_ / L"one\\b.txt").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 }  // namespace

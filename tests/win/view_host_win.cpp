@@ -24,6 +24,7 @@ ViewHost::ViewHost(int panels) {
         panels_[i] = std::make_unique<CPloder>(i);
         panels_[i]->Create(frame_);
         SetWindowPos(panels_[i]->hwnd(), nullptr, i * 500, 0, 500, 650, SWP_NOZORDER);
+        panels_[i]->SetPeers([this, panels](int index) { return index < panels ? panels_[index].get() : nullptr; });
     }
 }
 

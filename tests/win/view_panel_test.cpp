@@ -49,7 +49,8 @@ TEST(ViewPanel, ChildrenToolbarsAndSettings) {
     EXPECT_EQ(GetParent(bars.View()), panel.StatusBar()) << "the status bar carries the toolbars";
     EXPECT_EQ(ButtonCommands(bars.View()),
               (std::vector<int>{ID_VIEW_BACK, ID_VIEW_FORWARD, ID_VIEW_UP, ID_VIEW_REFRESH, 0, ID_VIEW_NEW_FOLDER, ID_VIEW_CUT, ID_VIEW_COPY,
-                                ID_VIEW_PASTE, ID_VIEW_DELETE, ID_VIEW_PROPERTIES}));
+                                ID_VIEW_PASTE, ID_VIEW_DELETE, ID_VIEW_PROPERTIES, 0, ID_TRANSFER, ID_COPY_TO_VIEW,
+                                ID_MOVE_TO_VIEW}));
     // Back and forward wait for a history and list it behind their arrows.
     EXPECT_FALSE(SendMessageW(bars.View(), TB_ISBUTTONENABLED, ID_VIEW_BACK, 0));
     EXPECT_TRUE(SendMessageW(bars.View(), TB_GETEXTENDEDSTYLE, 0, 0) & TBSTYLE_EX_DRAWDDARROWS);

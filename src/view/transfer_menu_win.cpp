@@ -1,0 +1,79 @@
+// The T-View's transfer menu and the copy-to and move-to lists: another T-View takes this one's
+// folder (with view settings, history and selection as ticked), or its selected files.
+#include <windows.h>
+
+#include <cwchar>
+
+#include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
+#include "res/resource.h"
+#include "view/view_panel_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr wchar_t kTransferSection[] = L"Transfer";
+struct TransferChoice {
+    UINT command;
+    const wchar_t* key;
+    int text;
+};
+constexpr TransferChoice kChoices[] = {
+    {ID_TRANSFER_VIEW_SET, L"view_set", 281},
+    {ID_TRANSFER_HISTORY, L"hystori", 282},
+    {ID_TRANSFER_SELECTION, L"selection", 283},
+};
+
+bool Chosen(const wchar_t* key) { return Settings().GetInt(kTransferSection, key, 1) != 0; }
+
+}  // namespace
+
+win::UniqueMenu CPloder::BuildTransferMenu(UINT kind) const {
+    win::UniqueMenu menu(CreatePopupMenu());
+    if (!menu) return menu;
+    if (kind == ID_TRANSFER) {
+        AppendMenuW(menu.get(), MF_STRING, ID_TRANSFER, GetText(ID_TRANSFER).c_str());
+        for (const TransferChoice& choice : kChoices)
+            AppendMenuW(menu.get(), MF_STRING | (Chosen(choice.key) ? MF_CHECKED : 0), choice.command,
+                        GetText(choice.text).c_str());
+        AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+    }
+    for (int index = 0; index < 4; ++index) {
+        wchar_t name[64];
+        std::swprintf(name, 64, GetText(IDS_VIEW_NUMBER).c_str(), index + 1);
+        const bool usable = index != viewIndex_ && peers_ && peers_(index) && peers_(index)->HasLocation();
+        AppendMenuW(menu.get(), MF_STRING | (usable ? 0 : MF_GRAYED), ID_TRANSFER_VIEW_FIRST + index, name);
+    }
+    return menu;
+}
+
+void CPloder::RunTransferCommand(UINT kind, UINT command) {
+    if (command == ID_TRANSFER) {
+        MessageBoxW(hwnd(), GetText(184).c_str(), GetText(60000).c_str(), MB_OK | MB_ICONINFORMATION);
+        return;
+    }
+    for (const TransferChoice& choice : kChoices)
+        if (command == choice.command) {
+            Settings().PutInt(kTransferSection, choice.key, Chosen(choice.key) ? 0 : 1);
+            return;
+        }
+    const int index = static_cast<int>(command) - ID_TRANSFER_VIEW_FIRST;
+    CPloder* target = index >= 0 && index < 4 && index != viewIndex_ && peers_ ? peers_(index) : nullptr;
+    if (!target || !active_ || !target->Active()) return;
+    if (kind == ID_TRANSFER) {
+        active_->TransferTo(*target->Active(), Chosen(L"view_set"), Chosen(L"hystori"), Chosen(L"selection"));
+        target->BrowserNavigated(*target->Active());
+        return;
+    }
+    active_->Execute(kind == ID_COPY_TO_VIEW ? ID_VIEW_COPY : ID_VIEW_CUT);
+    target->Active()->Execute(ID_VIEW_PASTE);
+}
+
+void CPloder::ShowTransferMenu(UINT kind, POINT screen) {
+    win::UniqueMenu menu = BuildTransferMenu(kind);
+    if (!menu) return;
+    const UINT command = TrackPopupMenu(menu.get(), TPM_RETURNCMD, screen.x, screen.y, 0, hwnd(), nullptr);
+    if (command) RunTransferCommand(kind, command);
+}
+
+}  // namespace tessel
