@@ -41,6 +41,20 @@
 #define ID_START_MODE_FIRST 32960  // start mode = id - 32960, up to 32971
 #define ID_START_MODE_LAST 32971
 #define ID_START_MODE_LAST_STATE 32965
+// Address bar options: the tree drop-down and select-all switches, where the bars are
+// (34011 one in the frame, 34012 one per T-View, 34013 none), their style and highlighting, and
+// the two placeholder commands.
+#define ID_ADDRESS_TREE 32809
+#define ID_ADDRESS_AUTOSEL 32810
+#define ID_ADDRESS_MODE_FRAME 34011
+#define ID_ADDRESS_MODE_VIEWS 34012
+#define ID_ADDRESS_MODE_NONE 34013
+#define ID_ADDRESS_STYLE_CLASSIC 34014
+#define ID_ADDRESS_STYLE_SEGMENTS 34015
+#define ID_ADDRESS_HIGHLIGHT 34016
+#define ID_ADDRESS_PLACEHOLDER_1 34018
+#define ID_ADDRESS_PLACEHOLDER_2 34019
+#define IDS_MENU_ADDRESS_BAR 62050
 #define ID_APP_ABOUT 57664
 #define ID_APP_EXIT 57665
 #define ID_HELP_TOPICS 57670

@@ -171,6 +171,15 @@ void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_START_MODE_FIRST, lastState ? MF_UNCHECKED : MF_CHECKED);
     CheckMenuRadioItem(menu, ID_LAYOUT_FIRST, ID_LAYOUT_LAST, kFirstLayoutCommand + layout_.layout, MF_BYCOMMAND);
     CheckMenuRadioItem(menu, ID_TREE_MODE_0, ID_TREE_MODE_2, ID_TREE_MODE_0 + treeMode_, MF_BYCOMMAND);
+    const int mode = Options().address_bar_mod;
+    CheckMenuRadioItem(menu, ID_ADDRESS_MODE_FRAME, ID_ADDRESS_MODE_NONE,
+                       mode == 1 ? ID_ADDRESS_MODE_FRAME : mode == -1 ? ID_ADDRESS_MODE_NONE : ID_ADDRESS_MODE_VIEWS,
+                       MF_BYCOMMAND);
+    CheckMenuRadioItem(menu, ID_ADDRESS_STYLE_CLASSIC, ID_ADDRESS_STYLE_SEGMENTS,
+                       Options().adresbar_style == 1 ? ID_ADDRESS_STYLE_SEGMENTS : ID_ADDRESS_STYLE_CLASSIC, MF_BYCOMMAND);
+    CheckMenuItem(menu, ID_ADDRESS_HIGHLIGHT, Options().adresbar_use_highlighted ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_ADDRESS_TREE, Options().adress_tree ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_ADDRESS_AUTOSEL, Options().adress_autosel ? MF_CHECKED : MF_UNCHECKED);
     const bool german = LanguageCode(Options().m_lang_id) == std::wstring(L"DE");
     CheckMenuRadioItem(menu, ID_LANGUAGE_GERMAN, ID_LANGUAGE_ENGLISH,
                        german ? ID_LANGUAGE_GERMAN : ID_LANGUAGE_ENGLISH, MF_BYCOMMAND);
@@ -228,6 +237,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_LANGUAGE_GERMAN: SetLanguage(0); break;
     case ID_LANGUAGE_ENGLISH: SetLanguage(1); break;
     default:
+        if (AddressBarCommand(id)) break;
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
         else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);
@@ -241,6 +251,48 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         }
         break;
     }
+}
+
+// The address bar options: each command sets its value, applies it to the four T-Views and
+// writes it at once.
+bool CMainFrame::AddressBarCommand(int id) {
+    struct Setting {
+        int command;
+        const wchar_t* key;
+        int* value;
+        int set;  // -2: toggle
+    };
+    GeneralOptions& options = Options();
+    const Setting settings[] = {
+        {ID_ADDRESS_MODE_FRAME, L"address_bar_mod", &options.address_bar_mod, 1},
+        {ID_ADDRESS_MODE_VIEWS, L"address_bar_mod", &options.address_bar_mod, 0},
+        {ID_ADDRESS_MODE_NONE, L"address_bar_mod", &options.address_bar_mod, -1},
+        {ID_ADDRESS_STYLE_CLASSIC, L"adresbar_style", &options.adresbar_style, 0},
+        {ID_ADDRESS_STYLE_SEGMENTS, L"adresbar_style", &options.adresbar_style, 1},
+        {ID_ADDRESS_HIGHLIGHT, L"adresbar_use_highlighted", &options.adresbar_use_highlighted, -2},
+        {ID_ADDRESS_TREE, L"adress_tree", &options.adress_tree, -2},
+        {ID_ADDRESS_AUTOSEL, L"adress_autosel", &options.adress_autosel, -2},
+    };
+    if (id == ID_ADDRESS_PLACEHOLDER_1 || id == ID_ADDRESS_PLACEHOLDER_2) {
+        MessageBoxW(hwnd(),
+                    L"Wildcard for the next version / Vista addressbar and + + + \n\n"
+                    L"Platzhalter f\u00FCr die n\u00E4chste Version / Vista-Adressleiste und + + + ",
+                    GetText(60000).c_str(), MB_OK | MB_ICONINFORMATION);
+        return true;
+    }
+    for (const Setting& setting : settings) {
+        if (setting.command != id) continue;
+        *setting.value = setting.set == -2 ? (*setting.value ? 0 : 1) : setting.set;
+        for (auto& panel : panels_) {
+            panel->ApplyAddressBarMode();
+            if (panel->AddressBar() && panel->Active() && panel->Active()->Current())
+                panel->AddressBar()->SetPath(panel->Active()->Current());  // the hierarchy switch
+            InvalidateRect(panel->hwnd(), nullptr, TRUE);
+        }
+        WriteOption(Settings(), setting.key, *setting.value);
+        return true;
+    }
+    return false;
 }
 
 void CMainFrame::TabCommand(int id) {
@@ -334,6 +386,7 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         HWND focus = GetFocus();
         if (wParam < kViewCount && focus && IsChild(panels_[wParam]->hwnd(), focus))
             focusedView_ = static_cast<int>(wParam) + 1;
+        for (int i = 0; i < kViewCount; ++i) panels_[i]->SetInUse(i + 1 == focusedView_);
         return 0;
     }
     case WM_DESTROY:

@@ -69,6 +69,7 @@ private:
     void ShowAbout();
     void OpenFolderSetDialog();
     void TabCommand(int id);
+    bool AddressBarCommand(int id);
     // 0: no frame-wide tree, 1: the tree beside the T-Views, 2: none, with the shared-tree flag.
     // With `reloadViews` each T-View reads its own tree setting again; a folder set gives its own.
     void SetTreeMode(int mode, bool reloadViews = true);

@@ -9,6 +9,7 @@
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "nav/address_input_win.h"
 #include "res/resource.h"
 #include "view/column_memory.h"
 #include "view/location_text.h"
@@ -21,6 +22,7 @@ constexpr int kLocationId = 4569;
 constexpr int kFilterLabelId = 4570;
 constexpr int kTreeEdgeId = 4571;
 constexpr int kStatusBarId = 4572;
+constexpr int kAddressBarId = 4573;
 constexpr UINT kFirstMenuId = 1;
 constexpr UINT kLastMenuId = 32767;
 
@@ -86,6 +88,7 @@ bool CPloder::OnCreate() {
     HFONT font = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     for (HWND child : {filterBox_, location_, filterLabel_})
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    ApplyAddressBarMode();
     return true;
 }
 
@@ -148,6 +151,36 @@ bool CPloder::NavigateToText(const std::wstring& path) {
     return NavigateTo(win::PidlFromPath(NormalizeLocationText(path)));
 }
 
+bool CPloder::NavigateToTyped(const std::wstring& text) {
+    win::UniquePidl folder = ResolveTypedAddress(text);
+    return folder && NavigateTo(std::move(folder)) && HasLocation();
+}
+
+void CPloder::ApplyAddressBarMode() {
+    if (Options().address_bar_mod != 0) {
+        addressBar_.reset();
+    } else if (!addressBar_) {
+        auto bar = std::make_unique<CAdressBar>(
+            [this](win::UniquePidl folder) {
+                if (NavigateTo(std::move(folder)) && active_) SetFocus(active_->hwnd());
+            },
+            [this](const std::wstring& text) { return NavigateToTyped(text); });
+        if (bar->Create(hwnd(), kAddressBarId)) addressBar_ = std::move(bar);
+        if (addressBar_) {
+            addressBar_->SetActive(inUse_);
+            if (active_ && active_->Current()) addressBar_->SetPath(active_->Current());
+        }
+    } else {
+        addressBar_->SetStyle(Options().adresbar_style);
+    }
+    Layout();
+}
+
+void CPloder::SetInUse(bool inUse) {
+    inUse_ = inUse;
+    if (addressBar_) addressBar_->SetActive(inUse);
+}
+
 bool CPloder::NavigateToSpecial(int csidl) { return NavigateTo(win::SpecialFolder(csidl)); }
 
 bool CPloder::NavigateTo(win::UniquePidl folder) {
@@ -201,6 +234,7 @@ void CPloder::BrowserNavigated(CMyShellBrowser& browser) {
     wchar_t title[64];
     std::swprintf(title, 64, GetText(IDS_VIEW_NUMBER).c_str(), viewIndex_ + 1);
     SetWindowTextW(location_, (std::wstring(title) + L":  " + name).c_str());
+    if (addressBar_) addressBar_->SetPath(browser.Current());
     HistoryChanged(browser);
 }
 
@@ -282,8 +316,17 @@ void CPloder::Layout() {
     int parts[2] = {client.right - toolbarWidth > 0 ? client.right - toolbarWidth : 0, -1};
     SendMessageW(statusBar_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
     int top = 0;
-    SetWindowPos(location_, nullptr, pad, top, client.right - 2 * pad, line, SWP_NOZORDER);
-    top += line;
+    // The address bar takes the location line's place; without any bar the view gets the room.
+    const bool locationLine = !addressBar_ && Options().address_bar_mod == 1;
+    ShowWindow(location_, locationLine ? SW_SHOWNA : SW_HIDE);
+    if (addressBar_) {
+        const int height = addressBar_->Height();
+        SetWindowPos(addressBar_->hwnd(), nullptr, 0, top, client.right, height, SWP_NOZORDER | SWP_SHOWWINDOW);
+        top += height;
+    } else if (locationLine) {
+        SetWindowPos(location_, nullptr, pad, top, client.right - 2 * pad, line, SWP_NOZORDER);
+        top += line;
+    }
     if (const int strip = tabs_ ? tabs_->Height() : 0) {
         tabs_->RefreshStaleLabels();
         SetWindowPos(tabs_->Strip(), nullptr, 0, top, client.right, strip, SWP_NOZORDER | SWP_SHOWWINDOW);

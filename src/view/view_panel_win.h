@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "nav/address_bar_win.h"
 #include "nav/folder_tree_win.h"
 #include "nav/tab_view_win.h"
 #include "view/browser_slots.h"
@@ -82,6 +83,13 @@ public:
     void ReloadTreeState();
     CShellTree2& FolderTree() { return folderTree_; }
 
+    // The address bar follows address_bar_mod and adresbar_style (made, restyled or removed).
+    void ApplyAddressBarMode();
+    CAdressBar* AddressBar() const { return addressBar_.get(); }
+    void SetInUse(bool inUse);  // the T-View in use: its address bar is highlighted
+    // Typed text of an address bar: false when it names no folder (the view stays).
+    bool NavigateToTyped(const std::wstring& text);
+
     // The other T-Views, for transfers: the panel of an index from 0, null when there is none.
     using PeerLookup = std::function<CPloder*(int index)>;
     void SetPeers(PeerLookup peers) { peers_ = std::move(peers); }
@@ -127,6 +135,8 @@ private:
     std::unique_ptr<CCBrowserTabView> tabs_;
     CShellTree2 folderTree_;
     PeerLookup peers_;
+    std::unique_ptr<CAdressBar> addressBar_;
+    bool inUse_ = false;
 };
 
 // Sent to the main frame when a T-View takes the keyboard focus; wParam is its index from 0.

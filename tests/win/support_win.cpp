@@ -123,3 +123,13 @@ int TesselProcess::CloseAndWait(DWORD timeoutMs) {
 }
 
 }  // namespace tessel::testing
+
+namespace tessel::testing {
+
+std::wstring GetWindowTextString(HWND window) {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(GetWindowTextW(window, text.data(), static_cast<int>(text.size())));
+    return text;
+}
+
+}  // namespace tessel::testing

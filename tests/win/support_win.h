@@ -26,6 +26,7 @@ std::string ReadBytes(const std::wstring& path);
 bool FileExists(const std::wstring& path);
 std::wstring TestBinFolder();  // where tessel.exe and the tests are built
 std::wstring LowerCase(std::wstring text);  // paths compare without case
+std::wstring GetWindowTextString(HWND window);
 
 // tessel.exe started with arguments; closing asks its main window to close.
 class TesselProcess {

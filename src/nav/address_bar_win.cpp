@@ -1,0 +1,283 @@
+#include "nav/address_bar_win.h"
+
+#include <commctrl.h>
+#include <shellapi.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include "core/general_options.h"
+#include "nav/address_popup_win.h"
+#include "win/shell_item_win.h"
+#include "win/subclass_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr int kMargin = 2;  // the highlighted frame around the field
+constexpr UINT kMsgSegmentsBack = WM_APP + 0x140;
+
+}  // namespace
+
+CAdressBar::CAdressBar(Navigate navigate, Typed typed) : navigate_(std::move(navigate)), typed_(std::move(typed)) {}
+
+CAdressBar::~CAdressBar() {
+    if (hwnd()) DestroyWindow(hwnd());
+}
+
+bool CAdressBar::Create(HWND parent, int id) {
+    if (!CreateWindowOf(L"TesselAddressBar", WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, L"", 0, 0, 0, 0, parent,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id))))
+        return false;
+    combo_ = CreateWindowExW(0, WC_COMBOBOXEXW, L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWN, 0,
+                             0, 0, 300, hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kAddressComboId)),
+                             GetModuleHandleW(nullptr), nullptr);
+    if (!combo_) return false;
+    SendMessageW(combo_, CBEM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(win::SystemSmallIcons()));  // not ours
+    if (HWND edit = Edit()) {
+        win::Subclass(edit, &CAdressBar::EditProc, this);
+        SHAutoComplete(edit, SHACF_FILESYS_DIRS);  // Tab and the list complete typed folders
+    }
+    drives_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
+                              WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE | CCS_NODIVIDER |
+                                  CCS_NOPARENTALIGN,
+                              0, 0, 0, 0, hwnd(), nullptr, GetModuleHandleW(nullptr), nullptr);
+    FillDrives();
+    SetStyle(Options().adresbar_style);
+    return true;
+}
+
+HWND CAdressBar::Edit() const {
+    return combo_ ? reinterpret_cast<HWND>(SendMessageW(combo_, CBEM_GETEDITCONTROL, 0, 0)) : nullptr;
+}
+
+void CAdressBar::FillDrives() {
+    if (!drives_) return;
+    SendMessageW(drives_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageW(drives_, TB_SETIMAGELIST, 0, 0);
+    const DWORD drives = GetLogicalDrives();
+    for (int letter = 0; letter < 26 && kFirstDriveId + static_cast<int>(driveTexts_.size()) <= kLastDriveId; ++letter) {
+        if (!(drives & (1u << letter))) continue;
+        driveTexts_.push_back(std::wstring(1, static_cast<wchar_t>(L'A' + letter)));
+    }
+    for (size_t i = 0; i < driveTexts_.size(); ++i) {
+        TBBUTTON button{};
+        button.iBitmap = I_IMAGENONE;
+        button.idCommand = kFirstDriveId + static_cast<int>(i);
+        button.fsState = TBSTATE_ENABLED;
+        button.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT;
+        button.iString = reinterpret_cast<INT_PTR>(driveTexts_[i].c_str());
+        SendMessageW(drives_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+    }
+}
+
+void CAdressBar::SetStyle(int style) {
+    style_ = style == 1 ? 1 : 0;
+    editing_ = false;
+    if (style_ == 1 && !segments_) {
+        auto made = std::make_unique<CComboBoxVista>();
+        if (made->Create(hwnd())) segments_ = std::move(made);
+        if (segments_ && shown_) segments_->SetPath(shown_.get());
+    }
+    if (segments_) segments_->Show(style_ == 1);
+    ShowWindow(combo_, style_ == 1 && segments_ ? SW_HIDE : SW_SHOWNA);
+    Layout();
+}
+
+void CAdressBar::SetActive(bool active) {
+    if (active_ == active) return;
+    active_ = active;
+    InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+int CAdressBar::Height() const {
+    RECT combo{};
+    if (combo_) GetWindowRect(combo_, &combo);
+    return std::max<int>(combo.bottom - combo.top, win::Scaled(hwnd(), 22)) + 2 * kMargin;
+}
+
+void CAdressBar::SetPath(PCIDLIST_ABSOLUTE folder) {
+    if (!folder) return;
+    shown_ = win::ClonePidl(folder);
+    FillHierarchy();
+    if (segments_) segments_->SetPath(folder);
+}
+
+// The drop-down lists the folder's hierarchy from the desktop down (or only the folder when the
+// hierarchy is switched off); the edit field shows the folder as text that parses back to it.
+void CAdressBar::FillHierarchy() {
+    SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
+    hierarchy_.clear();
+    for (win::UniquePidl step = win::ClonePidl(shown_.get()); step; step = win::ParentOf(step.get())) {
+        hierarchy_.insert(hierarchy_.begin(), win::ClonePidl(step.get()));
+        if (!Options().adress_tree) break;
+    }
+    for (size_t i = 0; i < hierarchy_.size(); ++i) {
+        SHFILEINFOW info{};
+        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(hierarchy_[i].get()), 0, &info, sizeof(info),
+                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+        COMBOBOXEXITEMW item{};
+        item.mask = CBEIF_TEXT | CBEIF_IMAGE | CBEIF_SELECTEDIMAGE | CBEIF_INDENT | CBEIF_LPARAM;
+        item.iItem = static_cast<INT_PTR>(i);
+        item.pszText = info.szDisplayName;
+        item.iImage = item.iSelectedImage = info.iIcon;
+        item.iIndent = Options().adress_tree ? static_cast<int>(i) : 0;
+        item.lParam = static_cast<LPARAM>(i);
+        SendMessageW(combo_, CBEM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    }
+    SendMessageW(combo_, CB_SETCURSEL, hierarchy_.empty() ? static_cast<WPARAM>(-1) : hierarchy_.size() - 1, 0);
+    ShowFolderText();
+}
+
+// A folder of the file system shows its path; others (Computer, the desktop) their name.
+std::wstring CAdressBar::FolderText() const {
+    if (!shown_) return {};
+    std::wstring text = win::FileSystemPathOf(shown_.get());
+    if (text.empty()) {
+        SHFILEINFOW info{};
+        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(shown_.get()), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_DISPLAYNAME);
+        text = info.szDisplayName;
+    }
+    return text;
+}
+
+void CAdressBar::ShowFolderText() {
+    if (HWND edit = Edit()) SetWindowTextW(edit, FolderText().c_str());
+}
+
+void CAdressBar::Layout() {
+    RECT client;
+    GetClientRect(hwnd(), &client);
+    SIZE drives{};
+    if (drives_) SendMessageW(drives_, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&drives));
+    const int height = client.bottom - 2 * kMargin;
+    const int driveWidth = std::min<int>(drives.cx, client.right / 3);
+    const int fieldRight = std::max<int>(kMargin, client.right - kMargin - driveWidth);
+    if (drives_)
+        SetWindowPos(drives_, nullptr, fieldRight, kMargin, driveWidth, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(combo_, nullptr, kMargin, kMargin, fieldRight - 2 * kMargin, 300, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (segments_) segments_->Place({kMargin, kMargin, fieldRight - kMargin, kMargin + height});
+}
+
+void CAdressBar::Command(int id) {
+    if (id >= kFirstSegmentId && segments_ && id < kFirstSegmentId + segments_->SegmentCount()) {
+        navigate_(win::ClonePidl(segments_->Segment(id - kFirstSegmentId)));
+    } else if (id == kEditPathId && segments_) {
+        editing_ = true;
+        segments_->Show(false);
+        ShowWindow(combo_, SW_SHOWNA);
+        SetFocus(Edit());
+    } else if (id >= kFirstDriveId && id <= kLastDriveId && id - kFirstDriveId < static_cast<int>(driveTexts_.size())) {
+        // A drive without medium parses but cannot be shown: the view refuses it, no prompt.
+        if (win::UniquePidl drive = win::PidlFromPath(driveTexts_[id - kFirstDriveId] + L":\\"))
+            navigate_(std::move(drive));
+    }
+}
+
+void CAdressBar::OpenSegmentPopup(int index) {
+    if (!segments_ || !segments_->Segment(index)) return;
+    RECT button{};
+    SendMessageW(segments_->Segments(), TB_GETRECT, kFirstSegmentId + index, reinterpret_cast<LPARAM>(&button));
+    POINT at{button.left, button.bottom};
+    ClientToScreen(segments_->Segments(), &at);
+    CAdressBarPopup popup(segments_->Segment(index));
+    if (win::UniquePidl chosen = popup.Track(hwnd(), at)) navigate_(std::move(chosen));
+}
+
+bool CAdressBar::SubmitTypedText() {
+    HWND edit = Edit();
+    if (!edit) return false;
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(edit)) + 1, L'\0');
+    text.resize(GetWindowTextW(edit, text.data(), static_cast<int>(text.size())));
+    if (shown_ && text == FolderText()) {  // the shown folder's own text: go there again
+        navigate_(win::ClonePidl(shown_.get()));
+        return true;
+    }
+    const bool went = typed_ && typed_(text);
+    if (!went) MessageBeep(MB_OK);  // nothing by that name: the view stays where it was
+    return went;
+}
+
+void CAdressBar::ShowSegmentsAgain() {
+    if (style_ != 1 || !segments_ || !editing_) return;
+    editing_ = false;
+    ShowWindow(combo_, SW_HIDE);
+    segments_->Show(true);
+    ShowFolderText();
+}
+
+LRESULT CAdressBar::EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, void* data) {
+    auto* self = static_cast<CAdressBar*>(data);
+    switch (message) {
+    case WM_KEYDOWN:
+        if (wParam == VK_RETURN) {
+            if (self->SubmitTypedText()) PostMessageW(self->hwnd(), kMsgSegmentsBack, 0, 0);
+            return 0;
+        }
+        if (wParam == VK_ESCAPE) {
+            PostMessageW(self->hwnd(), kMsgSegmentsBack, 0, 0);
+            return 0;
+        }
+        break;
+    case WM_CHAR:
+        if (wParam == L'\r' || wParam == 27) return 0;  // handled at the key: no beep
+        break;
+    case WM_SETFOCUS:
+        if (Options().adress_autosel) PostMessageW(edit, EM_SETSEL, 0, -1);
+        break;
+    case WM_KILLFOCUS:
+        PostMessageW(self->hwnd(), kMsgSegmentsBack, 0, 0);
+        break;
+    }
+    return win::CallOriginal(edit, message, wParam, lParam);
+}
+
+LRESULT CAdressBar::OnNotify(NMHDR* header) {
+    if (segments_ && header->hwndFrom == segments_->Segments() && header->code == TBN_DROPDOWN) {
+        OpenSegmentPopup(reinterpret_cast<NMTOOLBARW*>(header)->iItem - kFirstSegmentId);
+        return TBDDRET_DEFAULT;
+    }
+    if (header->code == TTN_GETDISPINFOW && segments_) {
+        auto* info = reinterpret_cast<NMTTDISPINFOW*>(header);
+        static std::wstring tip;  // read by the tooltip right after this message
+        tip = segments_->Tooltip(static_cast<int>(header->idFrom));
+        info->lpszText = tip.data();
+    }
+    return 0;
+}
+
+LRESULT CAdressBar::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_SIZE:
+        Layout();
+        return 0;
+    case WM_ERASEBKGND: {
+        RECT client;
+        GetClientRect(hwnd(), &client);
+        const bool lit = active_ && Options().adresbar_use_highlighted;
+        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(lit ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
+        return 1;
+    }
+    case WM_COMMAND:
+        if (LOWORD(wParam) == kAddressComboId && HIWORD(wParam) == CBN_SELENDOK) {
+            // Only a pick from the open list; arrow keys in the closed box do not navigate.
+            const LRESULT index = SendMessageW(combo_, CB_GETCURSEL, 0, 0);
+            if (SendMessageW(combo_, CB_GETDROPPEDSTATE, 0, 0) && index >= 0 && static_cast<size_t>(index) < hierarchy_.size())
+                navigate_(win::ClonePidl(hierarchy_[index].get()));
+            return 0;
+        }
+        if (lParam && HIWORD(wParam) == BN_CLICKED) Command(LOWORD(wParam));
+        return 0;
+    case WM_NOTIFY:
+        return OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case kMsgSegmentsBack:
+        ShowSegmentsAgain();
+        return 0;
+    case WM_DESTROY:
+        if (HWND edit = Edit()) win::Unsubclass(edit);
+        segments_.reset();
+        break;
+    }
+    return Default(message, wParam, lParam);
+}
+
+}  // namespace tessel

@@ -1,0 +1,75 @@
+#pragma once
+// The address bar of a T-View: the classic combo box with an edit field and a drop-down of the
+// folder's hierarchy, or the segmented bar; drive buttons at the right. Whatever the user picks
+// or types goes to the bar's owner, which navigates its view.
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "nav/address_segments_win.h"
+#include "win/handles_win.h"
+#include "win/window_win.h"
+
+namespace tessel {
+
+inline constexpr int kAddressComboId = 100;
+inline constexpr int kFirstDriveId = 1110;
+inline constexpr int kLastDriveId = 1139;
+
+class CAdressBar : public win::Window {
+public:
+    // `navigate` receives a chosen folder; `typed` the text entered (false: it led nowhere).
+    using Navigate = std::function<void(win::UniquePidl folder)>;
+    using Typed = std::function<bool(const std::wstring& text)>;
+    CAdressBar(Navigate navigate, Typed typed);
+    ~CAdressBar() override;
+    bool Create(HWND parent, int id);
+
+    void SetPath(PCIDLIST_ABSOLUTE folder);
+    void SetStyle(int style);  // 0 classic, 1 segmented (made once, kept when switched off)
+    void SetActive(bool active);
+    int Height() const;
+
+    // The parts, for the panel's layout and for the tests.
+    HWND Combo() const { return combo_; }
+    HWND Edit() const;
+    HWND Drives() const { return drives_; }
+    CComboBoxVista* Segmented() const { return segments_.get(); }
+    bool Active() const { return active_; }
+    // Carries out a command of the bar (a segment, a drive, the edit button).
+    void Command(int id);
+    // Opens a segment's sub-folder list at its button; returns what was chosen and navigated to.
+    void OpenSegmentPopup(int index);
+    // Enter in the edit field.
+    bool SubmitTypedText();
+
+protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void Layout();
+    void FillDrives();
+    void FillHierarchy();
+    void ShowSegmentsAgain();
+    std::wstring FolderText() const;
+    void ShowFolderText();
+    LRESULT OnNotify(NMHDR* header);
+    static LRESULT EditProc(HWND, UINT, WPARAM, LPARAM, void* data);
+
+    Navigate navigate_;
+    Typed typed_;
+    HWND combo_ = nullptr;
+    HWND drives_ = nullptr;
+    std::unique_ptr<CComboBoxVista> segments_;
+    int style_ = 0;
+    bool editing_ = false;  // the segmented bar gave way to the edit field
+    bool active_ = false;
+    win::UniquePidl shown_;
+    std::vector<win::UniquePidl> hierarchy_;  // the drop-down's folders, by item index
+    std::vector<std::wstring> driveTexts_;
+};
+
+}  // namespace tessel

@@ -1,0 +1,134 @@
+#include "nav/address_segments_win.h"
+
+#include <commctrl.h>
+#include <shellapi.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include "win/shell_item_win.h"
+#include "win/window_win.h"
+
+namespace tessel {
+namespace {
+
+HWND MakeBar(HWND parent, DWORD extraStyle) {
+    HWND bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
+                               WS_CHILD | TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_NORESIZE | CCS_NODIVIDER |
+                                   CCS_NOPARENTALIGN | extraStyle,
+                               0, 0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (!bar) return nullptr;
+    SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageW(bar, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS | TBSTYLE_EX_MIXEDBUTTONS);
+    return bar;
+}
+
+// The name a segment shows: from the third segment on its name in its parent, before that the
+// display name of the whole list (the desktop, then a drive or a root such as Computer).
+std::wstring SegmentName(PCIDLIST_ABSOLUTE pidl, int index) {
+    SHFILEINFOW info{};
+    if (index < 2) {
+        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(pidl), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_DISPLAYNAME);
+        return info.szDisplayName;
+    }
+    win::UniquePidl parent = win::ParentOf(pidl);
+    win::ComPtr<IShellFolder> folder = parent ? win::BindFolder(parent.get()) : nullptr;
+    STRRET name{};
+    wchar_t text[4098] = {};
+    PCUITEMID_CHILD child = ILFindLastID(pidl);
+    if (folder && SUCCEEDED(folder->GetDisplayNameOf(child, SHGDN_INFOLDER, &name))) StrRetToBufW(&name, child, text, 4098);
+    return text;
+}
+
+int IconOf(PCIDLIST_ABSOLUTE pidl) {
+    SHFILEINFOW info{};
+    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(pidl), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+    return info.iIcon;
+}
+
+}  // namespace
+
+CComboBoxVista::~CComboBoxVista() {
+    for (HWND bar : {segmentBar_, editBar_})
+        if (bar && IsWindow(bar)) DestroyWindow(bar);
+}
+
+bool CComboBoxVista::Create(HWND parent) {
+    segmentBar_ = MakeBar(parent, 0);
+    editBar_ = MakeBar(parent, 0);
+    if (!segmentBar_ || !editBar_) return false;
+    SendMessageW(segmentBar_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(win::SystemSmallIcons()));  // not ours
+    TBBUTTON edit{};
+    edit.iBitmap = I_IMAGENONE;
+    edit.idCommand = kEditPathId;
+    edit.fsState = TBSTATE_ENABLED;
+    edit.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT;
+    edit.iString = reinterpret_cast<INT_PTR>(L"\u2026");
+    SendMessageW(editBar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&edit));
+    return true;
+}
+
+void CComboBoxVista::SetPath(PCIDLIST_ABSOLUTE folder) {
+    if (!segmentBar_ || !folder) return;
+    SendMessageW(segmentBar_, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(segmentBar_, TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
+    for (int i = static_cast<int>(SendMessageW(segmentBar_, TB_BUTTONCOUNT, 0, 0)) - 1; i >= 0; --i)
+        SendMessageW(segmentBar_, TB_DELETEBUTTON, i, 0);
+    segments_.clear();
+    texts_.clear();
+    // The desktop, then one segment per item of the folder's list.
+    win::UniquePidl step = win::ClonePidl(folder);
+    std::vector<win::UniquePidl> reversed;
+    while (step) {
+        win::UniquePidl parent = win::ParentOf(step.get());
+        reversed.push_back(std::move(step));
+        step = std::move(parent);
+    }
+    for (auto it = reversed.rbegin(); it != reversed.rend(); ++it) segments_.push_back(std::move(*it));
+    for (int index = 0; index < static_cast<int>(segments_.size()); ++index) {
+        texts_.push_back(SegmentName(segments_[index].get(), index));
+        TBBUTTON button{};
+        button.iBitmap = IconOf(segments_[index].get());
+        button.idCommand = kFirstSegmentId + index;
+        button.fsState = TBSTATE_ENABLED;
+        button.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_DROPDOWN | BTNS_SHOWTEXT;
+        button.dwData = reinterpret_cast<DWORD_PTR>(segments_[index].get());
+        button.iString = reinterpret_cast<INT_PTR>(texts_.back().c_str());
+        SendMessageW(segmentBar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+    }
+    SendMessageW(segmentBar_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(segmentBar_, nullptr, TRUE);
+}
+
+void CComboBoxVista::Show(bool shown) {
+    for (HWND bar : {segmentBar_, editBar_})
+        if (bar) ShowWindow(bar, shown ? SW_SHOWNA : SW_HIDE);
+}
+
+void CComboBoxVista::Place(const RECT& area) {
+    SIZE edit{};
+    SendMessageW(editBar_, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&edit));
+    const int height = area.bottom - area.top;
+    SetWindowPos(editBar_, nullptr, area.right - edit.cx, area.top, edit.cx, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(segmentBar_, nullptr, area.left, area.top, std::max<int>(0, area.right - area.left - edit.cx), height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+PCIDLIST_ABSOLUTE CComboBoxVista::Segment(int index) const {
+    return index >= 0 && index < SegmentCount() ? segments_[index].get() : nullptr;
+}
+
+std::wstring CComboBoxVista::SegmentText(int index) const {
+    return index >= 0 && index < SegmentCount() ? texts_[index] : std::wstring();
+}
+
+std::wstring CComboBoxVista::Tooltip(int command) const {
+    if (command == kEditPathId) return L"Edit Path ;)";
+    PCIDLIST_ABSOLUTE segment = Segment(command - kFirstSegmentId);
+    if (!segment) return {};
+    SHFILEINFOW info{};
+    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(segment), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_DISPLAYNAME);
+    const std::wstring full = win::LocationNameOf(segment);
+    return full.empty() ? info.szDisplayName : full;
+}
+
+}  // namespace tessel
