@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Navigation into folders of 1,000, 10,000 and 100,000 files: Tessel against a bare host of the
-# same shell view, and the status worker in the largest folder. The folders are made once, from
+# same shell view, back and forward against direct navigations, the address bar's sub-folder
+# popup of 10,000 folders, and the status worker in the largest folder. The folders are made once, from
 # the host side, in build/bench-data. Run by scripts/bench.sh with the Wine environment set.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
@@ -13,6 +14,11 @@ for n in 1000 10000 100000; do
   (cd "$data/files-$n" && seq -f 'f%06g.txt' 0 $((n - 1)) | xargs touch)
   touch "$data/complete-$n"
 done
+if [ ! -e "$data/complete-folders-10000" ]; then  # the address bar's popup reads these
+  rm -rf "$data/folders-10000" && mkdir -p "$data/folders-10000"
+  (cd "$data/folders-10000" && seq -f 'd%05g' 0 9999 | xargs mkdir)
+  touch "$data/complete-folders-10000"
+fi
 out=$(mktemp)
 trap 'rm -f "$out"' EXIT
 # Into a file: a command substitution would wait for Wine's helpers holding the pipe.

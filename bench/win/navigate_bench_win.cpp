@@ -14,6 +14,7 @@
 #include "bare_host_win.h"
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
+#include "nav/address_popup_win.h"
 #include "view/view_panel_win.h"
 #include "win/shell_item_win.h"
 
@@ -79,6 +80,51 @@ double TimeNavigation(Navigate navigate, HWND window) {
     return Now() - start;
 }
 
+// Back then forward between an empty folder and one of 1,000 files, against the same two
+// navigations made directly.
+void BenchBackForward(CMyShellBrowser& browser, HWND window, PCIDLIST_ABSOLUTE empty, PCIDLIST_ABSOLUTE files) {
+    std::vector<double> history, direct;
+    for (int run = -1; run < 20; ++run) {  // run -1 warms the caches
+        browser.NavigateTo(win::ClonePidl(empty), false, true);
+        browser.NavigateTo(win::ClonePidl(files), false, true);
+        Drain();
+        const double jumps = TimeNavigation([&] {
+            browser.GoBack();
+            UpdateWindow(window);
+            browser.GoForward();
+        }, window);
+        const double straight = TimeNavigation([&] {
+            browser.NavigateTo(win::ClonePidl(empty), false, true);
+            UpdateWindow(window);
+            browser.NavigateTo(win::ClonePidl(files), false, true);
+        }, window);
+        if (run >= 0) {
+            history.push_back(jumps);
+            direct.push_back(straight);
+        }
+    }
+    std::printf("back then forward with 1000 files: %.1f ms, the same two navigations made directly %.1f ms (medians of 20)\n",
+                Median(history), Median(direct));
+    std::printf("back-forward-1000-ms: %.1f\n", Median(history));
+    std::printf("back-forward-1000-ratio: %.2f\n", Median(history) / Median(direct));
+}
+
+// The sub-folder popup of a folder with 10,000 sub-folders, made as a segment's arrow makes it.
+void BenchPopup(const std::wstring& root) {
+    win::UniquePidl folder = win::PidlFromPath(root + L"\\folders-10000");
+    if (!folder) return;
+    std::vector<double> times;
+    size_t count = 0;
+    for (int run = -1; run < 5; ++run) {
+        const double start = Now();
+        CAdressBarPopup popup(folder.get());
+        count = popup.Count();
+        if (run >= 0) times.push_back(Now() - start);
+    }
+    std::printf("sub-folder popup of %zu folders: %.1f ms (median of 5)\n", count, Median(times));
+    std::printf("addressbar-popup-10000-ms: %.1f\n", Median(times));
+}
+
 }  // namespace
 
 // The folders are made under the folder named on the command line (the script makes them from the
@@ -142,6 +188,9 @@ int wmain(int argc, wchar_t** argv) {
             std::printf("navigate-%d-ms: %.1f\n", files, Median(tessel));
             std::printf("navigate-%d-ratio: %.2f\n", files, Median(tessel) / Median(host));
         }
+
+        BenchBackForward(browser, panel.hwnd(), empty.get(), win::PidlFromPath(MakeFolder(root, 1000)).get());
+        BenchPopup(root);
 
         // Everything but the first entry selected: the worker reads each selected name.
         HWND list = browser.GetListControl();
