@@ -125,6 +125,30 @@ void BenchPopup(const std::wstring& root) {
     std::printf("addressbar-popup-10000-ms: %.1f\n", Median(times));
 }
 
+// The tree following a navigation twelve levels deep, every level still unread: the desktop is
+// filled again, then each level down is read, opened and the folder selected.
+void BenchTreeSync(CShellTree2& tree, const std::wstring& root) {
+    std::wstring deep = root + L"\\deep";
+    for (int level = 1; level <= 12; ++level) {
+        deep += L"\\level" + std::to_wstring(level);
+        CreateDirectoryW(deep.c_str(), nullptr);
+    }
+    win::UniquePidl folder = win::PidlFromPath(deep);
+    std::vector<double> times;
+    bool found = false;
+    for (int run = -1; run < 9; ++run) {
+        TreeView_DeleteAllItems(tree.hwnd());
+        Drain();
+        const double start = Now();
+        found = tree.SyncTo(folder.get());
+        UpdateWindow(tree.hwnd());
+        if (run >= 0) times.push_back(Now() - start);
+    }
+    std::printf("tree following a folder 12 levels below the data folder%s: %.1f ms (median of 9)\n",
+                found ? "" : " (NOT FOUND)", Median(times));
+    std::printf("tree-sync-depth-12-ms: %.1f\n", Median(times));
+}
+
 }  // namespace
 
 // The folders are made under the folder named on the command line (the script makes them from the
@@ -191,6 +215,9 @@ int wmain(int argc, wchar_t** argv) {
 
         BenchBackForward(browser, panel.hwnd(), empty.get(), win::PidlFromPath(MakeFolder(root, 1000)).get());
         BenchPopup(root);
+        panel.SetTreeState(1, 3000);
+        BenchTreeSync(panel.FolderTree(), root);
+        panel.SetTreeState(0, 3000);
 
         // Everything but the first entry selected: the worker reads each selected name.
         HWND list = browser.GetListControl();

@@ -2,24 +2,71 @@
 
 #include <shellapi.h>
 
+#include <string>
+
+#include "core/general_options.h"
+#include "view/shell_browser_win.h"
 #include "win/com_ptr_win.h"
 #include "win/handles_win.h"
 #include "win/shell_item_win.h"
+#include "win/subclass_win.h"
 
 namespace tessel {
 namespace {
 
-PCIDLIST_ABSOLUTE FolderOf(HWND tree, HTREEITEM item) {
-    TVITEMW data{TVIF_PARAM, item};
-    return TreeView_GetItem(tree, &data) ? reinterpret_cast<PCIDLIST_ABSOLUTE>(data.lParam) : nullptr;
+constexpr UINT_PTR kKeyboardTimer = 1;
+constexpr UINT_PTR kMouseTimer = 2;
+
+// A local directory with at least one sub-folder; stops at the first.
+bool HasSubFolder(const std::wstring& path) {
+    WIN32_FIND_DATAW data{};
+    HANDLE find = FindFirstFileExW((path + L"\\*").c_str(), FindExInfoBasic, &data, FindExSearchLimitToDirectories,
+                                   nullptr, 0);
+    if (find == INVALID_HANDLE_VALUE) return false;
+    bool found = false;
+    do {
+        const bool dots = data.cFileName[0] == L'.' &&
+                          (data.cFileName[1] == 0 || (data.cFileName[1] == L'.' && data.cFileName[2] == 0));
+        found = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !dots;
+    } while (!found && FindNextFileW(find, &data));
+    FindClose(find);
+    return found;
 }
 
 }  // namespace
+
+CShellTree2::~CShellTree2() {
+    if (tree_ && IsWindow(tree_)) win::Unsubclass(tree_);
+}
+
+PCIDLIST_ABSOLUTE CShellTree2::FolderOf(HWND tree, HTREEITEM item) {
+    TVITEMW data{TVIF_PARAM, item};
+    return item && TreeView_GetItem(tree, &data) ? reinterpret_cast<PCIDLIST_ABSOLUTE>(data.lParam) : nullptr;
+}
 
 void CShellTree2::Attach(HWND tree, Chosen chosen) {
     tree_ = tree;
     chosen_ = std::move(chosen);
     TreeView_SetImageList(tree_, win::SystemSmallIcons(), TVSIL_NORMAL);  // the system's list: not ours to free
+    win::Subclass(tree_, &CShellTree2::TreeProc, this);
+    ApplyOptions();
+}
+
+void CShellTree2::ApplyOptions() {
+    const GeneralOptions& o = Options();
+    options_ = {o.tree_single_expand, o.tree_fullrowselect, o.tree_disable_line, o.tree_all_browsable,
+                o.tree_auto_chk_subdir};
+    SHELLFLAGSTATE shell{};
+    SHGetSettings(&shell, SSF_SHOWALLOBJECTS);
+    listing_ = TreeEnumeration(options_, shell.fShowAllObjects != 0);
+    if (!tree_) return;
+    const DWORD style = static_cast<DWORD>(GetWindowLongW(tree_, GWL_STYLE));
+    const DWORD wanted = ApplyStyle(style, TreeStyle(options_, false, {TVS_SINGLEEXPAND, TVS_FULLROWSELECT,
+                                                                       TVS_HASLINES, TVS_LINESATROOT}));
+    if (wanted != style) SetWindowLongW(tree_, GWL_STYLE, static_cast<LONG>(wanted));
+    // Any colouring of the tree takes the file lists' font; off: the system's.
+    HFONT font = o.useTreeColor && ProgramListFont() ? ProgramListFont() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+    SendMessageW(tree_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 void CShellTree2::EnsureFilled() {
@@ -41,11 +88,36 @@ HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder) {
     insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
     insert.item.pszText = info.szDisplayName;
     insert.item.iImage = insert.item.iSelectedImage = info.iIcon;
-    insert.item.cChildren = 1;  // a button until the level is read
+    // The root shows its button at once; every other item is asked when the tree draws it.
+    insert.item.cChildren = parent == TVI_ROOT ? 1 : I_CHILDRENCALLBACK;
     insert.item.lParam = reinterpret_cast<LPARAM>(folder);  // freed when the item is deleted
     HTREEITEM item = TreeView_InsertItem(tree_, &insert);
     if (!item) CoTaskMemFree(folder);
     return item;
+}
+
+int CShellTree2::ChildrenOf(PCIDLIST_ABSOLUTE folder) const {
+    win::UniquePidl parentList = win::ParentOf(folder);
+    win::ComPtr<IShellFolder> parent = parentList ? win::BindFolder(parentList.get()) : nullptr;
+    if (!parent) return 1;  // the desktop
+    PCUITEMID_CHILD child = ILFindLastID(folder);
+    SFGAOF attributes = SFGAO_FOLDER | SFGAO_REMOVABLE;
+    if (FAILED(parent->GetAttributesOf(1, &child, &attributes))) return 0;
+    TreeItemFacts facts{(attributes & SFGAO_FOLDER) != 0, (attributes & SFGAO_REMOVABLE) != 0};
+    std::wstring path;
+    if (facts.folder && !facts.removable && options_.auto_chk_subdir) {
+        path = win::FileSystemPathOf(folder);
+        facts.path = path;
+        const bool network = path.size() >= 2 && path[0] == L'\\' && path[1] == L'\\';
+        const DWORD kind = path.empty() || network ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
+        facts.pathIsDirectory = kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY);
+    }
+    switch (TreeChildren(facts, options_)) {
+    case ChildrenAnswer::kNone: return 0;
+    case ChildrenAnswer::kSome: return 1;
+    case ChildrenAnswer::kAskForSubFolders: return HasSubFolder(path) ? 1 : 0;
+    }
+    return 1;
 }
 
 void CShellTree2::Expand(HTREEITEM item) {
@@ -53,21 +125,50 @@ void CShellTree2::Expand(HTREEITEM item) {
     PCIDLIST_ABSOLUTE parent = FolderOf(tree_, item);
     win::ComPtr<IShellFolder> folder = win::BindFolder(parent);
     win::ComPtr<IEnumIDList> children;
-    if (!folder || folder->EnumObjects(tree_, SHCONTF_FOLDERS, children.put()) != S_OK) {
-        TVITEMW none{TVIF_CHILDREN, item};
-        TreeView_SetItem(tree_, &none);
-        return;
-    }
-    PITEMID_CHILD child = nullptr;
+    const SHCONTF flags = SHCONTF_FOLDERS | (listing_.browsableItems ? SHCONTF_NONFOLDERS : 0) |
+                          (listing_.hidden ? SHCONTF_INCLUDEHIDDEN : 0);
     int added = 0;
-    while (children->Next(1, &child, nullptr) == S_OK) {
-        if (PIDLIST_ABSOLUTE full = ILCombine(parent, child)) added += Add(item, full) != nullptr;
-        CoTaskMemFree(child);
+    if (folder && folder->EnumObjects(tree_, flags, children.put()) == S_OK && children) {
+        PITEMID_CHILD child = nullptr;
+        while (children->Next(1, &child, nullptr) == S_OK) {
+            // Of the other items only those the shell can browse into (archives and the like).
+            SFGAOF attributes = SFGAO_FOLDER | SFGAO_BROWSABLE;
+            PCUITEMID_CHILD one = child;
+            const bool browsable = !listing_.browsableItems ||
+                                   (SUCCEEDED(folder->GetAttributesOf(1, &one, &attributes)) &&
+                                    (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)));
+            if (browsable)
+                if (PIDLIST_ABSOLUTE full = ILCombine(parent, child)) added += Add(item, full) != nullptr;
+            CoTaskMemFree(child);
+        }
     }
-    if (added == 0) {
+    if (added == 0) {  // a folder that cannot be read shows no button
         TVITEMW none{TVIF_CHILDREN, item};
         TreeView_SetItem(tree_, &none);
     }
+}
+
+bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
+    if (!tree_ || !folder) return false;
+    EnsureFilled();
+    HTREEITEM item = TreeView_GetRoot(tree_);
+    UINT depth = 0;
+    for (PCUIDLIST_RELATIVE id = folder; id && id->mkid.cb; id = ILNext(id)) ++depth;
+    // The prefixes of the folder, shortest first: the item of each is a child of the one before.
+    for (UINT level = 1; item && level <= depth; ++level) {
+        win::UniquePidl prefix = win::ClonePidl(folder);
+        for (UINT cut = depth; cut > level; --cut) ILRemoveLastID(prefix.get());
+        Expand(item);
+        HTREEITEM found = nullptr;
+        for (HTREEITEM child = TreeView_GetChild(tree_, item); child && !found; child = TreeView_GetNextSibling(tree_, child))
+            if (win::IdenticalPidl(FolderOf(tree_, child), prefix.get())) found = child;
+        if (found) TreeView_Expand(tree_, item, TVE_EXPAND);
+        item = found;
+    }
+    if (!item) return false;
+    TreeView_SelectItem(tree_, item);  // a selection by the program: no navigation
+    TreeView_EnsureVisible(tree_, item);
+    return true;
 }
 
 int CShellTree2::ChildCount(HTREEITEM item) const {
@@ -77,6 +178,28 @@ int CShellTree2::ChildCount(HTREEITEM item) const {
     return count;
 }
 
+void CShellTree2::Choose(bool byMouse) {
+    KillTimer(tree_, byMouse ? kMouseTimer : kKeyboardTimer);
+    HTREEITEM caret = TreeView_GetSelection(tree_);
+    PCIDLIST_ABSOLUTE folder = FolderOf(tree_, caret);
+    if (!folder || !chosen_) return;
+    chosen_(folder);
+    if (byMouse && Options().tree_expand_when_select) TreeView_Expand(tree_, caret, TVE_EXPAND);
+}
+
+LRESULT CShellTree2::TreeProc(HWND tree, UINT message, WPARAM wParam, LPARAM lParam, void* data) {
+    auto* self = static_cast<CShellTree2*>(data);
+    if (message == WM_TIMER && (wParam == kKeyboardTimer || wParam == kMouseTimer)) {
+        self->Choose(wParam == kMouseTimer);
+        return 0;
+    }
+    if (message == WM_NCDESTROY) {
+        KillTimer(tree, kKeyboardTimer);
+        KillTimer(tree, kMouseTimer);
+    }
+    return win::CallOriginal(tree, message, wParam, lParam);
+}
+
 bool CShellTree2::OnNotify(NMHDR* header) {
     if (!tree_ || header->hwndFrom != tree_) return false;
     auto* view = reinterpret_cast<NMTREEVIEWW*>(header);
@@ -84,12 +207,21 @@ bool CShellTree2::OnNotify(NMHDR* header) {
     case TVN_ITEMEXPANDINGW:
         if (view->action == TVE_EXPAND) Expand(view->itemNew.hItem);
         break;
+    case TVN_GETDISPINFOW: {
+        auto* info = reinterpret_cast<NMTVDISPINFOW*>(header);
+        if (info->item.mask & TVIF_CHILDREN) {
+            info->item.cChildren = ChildrenOf(reinterpret_cast<PCIDLIST_ABSOLUTE>(info->item.lParam));
+            info->item.mask |= TVIF_DI_SETITEM;  // asked once per item
+        }
+        break;
+    }
     case TVN_DELETEITEMW:
         CoTaskMemFree(reinterpret_cast<void*>(view->itemOld.lParam));
         break;
     case TVN_SELCHANGEDW:
-        // Only the user's choice navigates, not a selection made by the program.
-        if (view->action != TVC_UNKNOWN && chosen_) chosen_(reinterpret_cast<PCIDLIST_ABSOLUTE>(view->itemNew.lParam));
+        // Only the user's choice navigates, and walking with the keys only once they rest.
+        if (view->action == TVC_BYKEYBOARD) SetTimer(tree_, kKeyboardTimer, kTreeKeyboardDelayMs, nullptr);
+        if (view->action == TVC_BYMOUSE) SetTimer(tree_, kMouseTimer, kTreeMouseDelayMs, nullptr);
         break;
     }
     return true;

@@ -1,6 +1,7 @@
 // The folder tree: the desktop at the root, levels read when opened, the user's choice navigates.
 #include <windows.h>
 #include <commctrl.h>
+#include <shlobj.h>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,8 @@
 
 namespace tessel::testing {
 namespace {
+
+bool IdenticalTo(PCIDLIST_ABSOLUTE a, PCIDLIST_ABSOLUTE b) { return a && b && ILIsEqual(a, b); }
 
 TEST(FolderTree, OpensLevelsLazilyAndOnlyTheUsersChoiceNavigates) {
     ViewHost host(1);
@@ -27,9 +30,46 @@ TEST(FolderTree, OpensLevelsLazilyAndOnlyTheUsersChoiceNavigates) {
 
     TreeView_SelectItem(tree, first);  // by the program: no navigation
     EXPECT_EQ(LowerCase(panel.Active()->CurrentPath()), LowerCase(a.path()));
+    // Walking with the keys navigates once, 700 ms after the last step.
     SetFocus(tree);
-    SendMessageW(tree, WM_KEYDOWN, VK_DOWN, 0);  // by the user
-    EXPECT_NE(LowerCase(panel.Active()->CurrentPath()), LowerCase(a.path()));
+    const int index = panel.Active()->HistoryIndex();
+    SendMessageW(tree, WM_KEYDOWN, VK_DOWN, 0);
+    Pump(300);
+    SendMessageW(tree, WM_KEYDOWN, VK_DOWN, 0);
+    Pump(300);
+    EXPECT_EQ(LowerCase(panel.Active()->CurrentPath()), LowerCase(a.path())) << "the keys have not rested yet";
+    EXPECT_TRUE(PumpUntil([&] { return panel.Active()->HistoryIndex() != index; }, 2000));
+    Pump(800);
+    EXPECT_EQ(panel.Active()->HistoryIndex(), index + 1) << "one navigation for the whole walk";
+    EXPECT_TRUE(IdenticalTo(panel.FolderTree().FolderOf(tree, TreeView_GetSelection(tree)), panel.Active()->Current()));
+}
+
+TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
+    ViewHost host(1);
+    TempFolder a;
+    std::wstring deep = a.path();
+    for (int level = 0; level < 6; ++level) {
+        deep += L"\\level" + std::to_wstring(level);
+        CreateDirectoryW(deep.c_str(), nullptr);
+    }
+    CreateDirectoryW((a / L"empty").c_str(), nullptr);
+    CPloder& panel = host.Panel();
+    panel.SetTreeState(1, 3000);
+    ASSERT_TRUE(panel.NavigateToText(deep));
+    HWND tree = panel.FolderTree().hwnd();
+    HTREEITEM selected = TreeView_GetSelection(tree);
+    ASSERT_NE(selected, nullptr);
+    EXPECT_TRUE(IdenticalTo(panel.FolderTree().FolderOf(tree, selected), panel.Active()->Current()))
+        << "the tree walked down to the view's folder";
+    EXPECT_EQ(LowerCase(panel.Active()->CurrentPath()), LowerCase(deep)) << "and did not navigate";
+
+    // The deepest folder has no sub-folder, its parent has one, and so does the base folder.
+    TVITEMW item{TVIF_CHILDREN, selected};
+    TreeView_GetItem(tree, &item);
+    EXPECT_EQ(item.cChildren, 0);
+    item.hItem = TreeView_GetParent(tree, selected);
+    TreeView_GetItem(tree, &item);
+    EXPECT_EQ(item.cChildren, 1);
 }
 
 }  // namespace
