@@ -25,6 +25,7 @@
 #define ID_TREE_MODE_0 32885
 #define ID_TREE_MODE_2 32887
 #define IDC_FRAME_TREE 4566
+#define IDC_FRAME_ADDRESS_BAR 4565
 // Tabs of the T-View in use: Ctrl+T, Ctrl+W, Ctrl+Tab, Ctrl+Shift+Tab.
 #define ID_TAB_NEW 32795
 #define ID_TAB_CLOSE 32796

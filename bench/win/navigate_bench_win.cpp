@@ -213,11 +213,6 @@ int wmain(int argc, wchar_t** argv) {
             std::printf("navigate-%d-ratio: %.2f\n", files, Median(tessel) / Median(host));
         }
 
-        BenchBackForward(browser, panel.hwnd(), empty.get(), win::PidlFromPath(MakeFolder(root, 1000)).get());
-        BenchPopup(root);
-        panel.SetTreeState(1, 3000);
-        BenchTreeSync(panel.FolderTree(), root);
-        panel.SetTreeState(0, 3000);
 
         // Everything but the first entry selected: the worker reads each selected name.
         HWND list = browser.GetListControl();
@@ -237,6 +232,12 @@ int wmain(int argc, wchar_t** argv) {
         std::printf("status-100000-ms: %.0f\n", Now() - start);
         std::printf("status-100000-ui-max-block-ms: %.1f\n", longest);
         status = browser.StatusText() == before ? 1 : 0;
+
+        BenchBackForward(browser, panel.hwnd(), empty.get(), win::PidlFromPath(MakeFolder(root, 1000)).get());
+        BenchPopup(root);
+        panel.SetTreeState(1, 3000);
+        BenchTreeSync(panel.FolderTree(), root);
+        panel.SetTreeState(0, 3000);
     }
     DestroyWindow(frame);
     DestroySettings();

@@ -69,6 +69,12 @@ void CMainFrame::Layout() {
         SetWindowPos(layoutToolbar_.hwnd(), nullptr, 0, 0, client.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
         client.top += height;
     }
+    if (addressBar_) {
+        const int height = addressBar_->Height();
+        SetWindowPos(addressBar_->hwnd(), nullptr, 0, client.top, client.right, height,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        client.top += height;
+    }
     if (statusBar_ && IsWindowVisible(statusBar_)) {
         SendMessageW(statusBar_, WM_SIZE, 0, 0);
         RECT bar;

@@ -88,6 +88,7 @@ bool CMainFrame::OnCreate() {
         if (!panels_[i]->Create(hwnd())) return false;
     }
     for (auto& panel : panels_) panel->SetPeers([this](int index) { return &Panel(index + 1); });
+    ApplyFrameAddressBar();
     StartMark("panels");
     HWND tree = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"",
                                 WS_CHILD | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS, 0, 0, 0, 0,
@@ -253,6 +254,31 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     }
 }
 
+// address_bar_mod 1: one bar above the views; what it chooses goes to the T-View in use.
+void CMainFrame::ApplyFrameAddressBar() {
+    if (Options().address_bar_mod != 1) {
+        addressBar_.reset();
+    } else if (!addressBar_) {
+        auto bar = std::make_unique<CAdressBar>(
+            [this](win::UniquePidl folder) {
+                CPloder& panel = Panel(focusedView_);
+                if (panel.NavigateTo(std::move(folder)) && panel.Active()) SetFocus(panel.Active()->hwnd());
+            },
+            [this](const std::wstring& text) { return Panel(focusedView_).NavigateToTyped(text); });
+        if (bar->Create(hwnd(), IDC_FRAME_ADDRESS_BAR)) addressBar_ = std::move(bar);
+        ShowFocusedLocation();
+    } else {
+        addressBar_->SetStyle(Options().adresbar_style);
+    }
+    Layout();
+}
+
+void CMainFrame::ShowFocusedLocation() {
+    if (!addressBar_ || focusedView_ < 1 || focusedView_ > kViewCount) return;
+    CPloder& panel = Panel(focusedView_);
+    if (panel.Active() && panel.Active()->Current()) addressBar_->SetPath(panel.Active()->Current());
+}
+
 // The address bar options: each command sets its value, applies it to the four T-Views and
 // writes it at once.
 bool CMainFrame::AddressBarCommand(int id) {
@@ -283,6 +309,7 @@ bool CMainFrame::AddressBarCommand(int id) {
     for (const Setting& setting : settings) {
         if (setting.command != id) continue;
         *setting.value = setting.set == -2 ? (*setting.value ? 0 : 1) : setting.set;
+        ApplyFrameAddressBar();
         for (auto& panel : panels_) {
             panel->ApplyAddressBarMode();
             if (panel->AddressBar() && panel->Active() && panel->Active()->Current())
@@ -387,8 +414,12 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (wParam < kViewCount && focus && IsChild(panels_[wParam]->hwnd(), focus))
             focusedView_ = static_cast<int>(wParam) + 1;
         for (int i = 0; i < kViewCount; ++i) panels_[i]->SetInUse(i + 1 == focusedView_);
+        ShowFocusedLocation();
         return 0;
     }
+    case kMsgViewNavigated:
+        if (static_cast<int>(wParam) + 1 == focusedView_) ShowFocusedLocation();
+        return 0;
     case WM_DESTROY:
         for (auto& panel : panels_)
             if (panel) DestroyWindow(panel->hwnd());

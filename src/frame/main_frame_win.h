@@ -75,6 +75,8 @@ private:
     void SetTreeMode(int mode, bool reloadViews = true);
     int TreeMode() const { return treeMode_; }
     HWND FrameTree() const { return frameTree_.hwnd(); }
+    // The one address bar of address_bar_mod 1, serving the T-View in use; null otherwise.
+    CAdressBar* FrameAddressBar() const { return addressBar_.get(); }
     void SaveFolderSetDialog();
     void StartFurtherInstance();
 
@@ -101,6 +103,9 @@ private:
     int focusedView_ = 1;
     LayoutBlock layoutExtras_;  // tree and preview values kept for the next folder set
     CShellTree2 frameTree_;
+    std::unique_ptr<CAdressBar> addressBar_;
+    void ApplyFrameAddressBar();
+    void ShowFocusedLocation();  // the frame's address bar follows the T-View in use
     RectI treeBar_{};  // the bar between the frame-wide tree and the T-Views
     RectI treeArea_{};
     bool sharedTree_ = false;

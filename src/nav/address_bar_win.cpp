@@ -102,15 +102,28 @@ void CAdressBar::SetPath(PCIDLIST_ABSOLUTE folder) {
     if (segments_) segments_->SetPath(folder);
 }
 
-// The drop-down lists the folder's hierarchy from the desktop down (or only the folder when the
-// hierarchy is switched off); the edit field shows the folder as text that parses back to it.
+// The box shows the folder with its icon; the drop-down's hierarchy (from the desktop down, or
+// only the folder when the hierarchy is switched off) is made when the list opens, so a
+// navigation asks the shell for one name and icon, not one per level.
 void CAdressBar::FillHierarchy() {
     SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
     hierarchy_.clear();
-    for (win::UniquePidl step = win::ClonePidl(shown_.get()); step; step = win::ParentOf(step.get())) {
+    if (shown_) hierarchy_.push_back(win::ClonePidl(shown_.get()));
+    InsertHierarchyItems(0);
+    ShowFolderText();
+}
+
+void CAdressBar::OpenHierarchy() {
+    if (!shown_ || !Options().adress_tree || hierarchy_.size() != 1) return;
+    SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
+    hierarchy_.clear();
+    for (win::UniquePidl step = win::ClonePidl(shown_.get()); step; step = win::ParentOf(step.get()))
         hierarchy_.insert(hierarchy_.begin(), win::ClonePidl(step.get()));
-        if (!Options().adress_tree) break;
-    }
+    InsertHierarchyItems(Options().adress_tree);
+    ShowFolderText();
+}
+
+void CAdressBar::InsertHierarchyItems(bool indented) {
     for (size_t i = 0; i < hierarchy_.size(); ++i) {
         SHFILEINFOW info{};
         SHGetFileInfoW(reinterpret_cast<LPCWSTR>(hierarchy_[i].get()), 0, &info, sizeof(info),
@@ -120,12 +133,11 @@ void CAdressBar::FillHierarchy() {
         item.iItem = static_cast<INT_PTR>(i);
         item.pszText = info.szDisplayName;
         item.iImage = item.iSelectedImage = info.iIcon;
-        item.iIndent = Options().adress_tree ? static_cast<int>(i) : 0;
+        item.iIndent = indented ? static_cast<int>(i) : 0;
         item.lParam = static_cast<LPARAM>(i);
         SendMessageW(combo_, CBEM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     }
     SendMessageW(combo_, CB_SETCURSEL, hierarchy_.empty() ? static_cast<WPARAM>(-1) : hierarchy_.size() - 1, 0);
-    ShowFolderText();
 }
 
 // A folder of the file system shows its path; others (Computer, the desktop) their name.
@@ -258,6 +270,10 @@ LRESULT CAdressBar::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 1;
     }
     case WM_COMMAND:
+        if (LOWORD(wParam) == kAddressComboId && HIWORD(wParam) == CBN_DROPDOWN) {
+            OpenHierarchy();
+            return 0;
+        }
         if (LOWORD(wParam) == kAddressComboId && HIWORD(wParam) == CBN_SELENDOK) {
             // Only a pick from the open list; arrow keys in the closed box do not navigate.
             const LRESULT index = SendMessageW(combo_, CB_GETCURSEL, 0, 0);

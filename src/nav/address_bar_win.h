@@ -45,6 +45,8 @@ public:
     void OpenSegmentPopup(int index);
     // Enter in the edit field.
     bool SubmitTypedText();
+    // The drop-down's folder hierarchy, made when the list opens.
+    void OpenHierarchy();
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -53,6 +55,7 @@ private:
     void Layout();
     void FillDrives();
     void FillHierarchy();
+    void InsertHierarchyItems(bool indented);
     void ShowSegmentsAgain();
     std::wstring FolderText() const;
     void ShowFolderText();

@@ -162,6 +162,9 @@ bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
         HTREEITEM found = nullptr;
         for (HTREEITEM child = TreeView_GetChild(tree_, item); child && !found; child = TreeView_GetNextSibling(tree_, child))
             if (win::IdenticalPidl(FolderOf(tree_, child), prefix.get())) found = child;
+        // A parsed list may carry other bytes than the enumerated one for the same item.
+        for (HTREEITEM child = TreeView_GetChild(tree_, item); child && !found; child = TreeView_GetNextSibling(tree_, child))
+            if (win::SamePidl(FolderOf(tree_, child), prefix.get())) found = child;
         if (found) TreeView_Expand(tree_, item, TVE_EXPAND);
         item = found;
     }

@@ -141,5 +141,7 @@ private:
 
 // Sent to the main frame when a T-View takes the keyboard focus; wParam is its index from 0.
 inline constexpr UINT kMsgViewFocused = WM_APP + 0x130;
+// Sent to the main frame when a T-View's shown folder changed; wParam is its index from 0.
+inline constexpr UINT kMsgViewNavigated = WM_APP + 0x131;
 
 }  // namespace tessel

@@ -59,15 +59,21 @@ TEST_F(AddressBar, TypedPathsVariablesAndBadInputLeaveTheViewWhereItWas) {
 
 TEST_F(AddressBar, TheClassicDropDownListsTheHierarchyAndAPickNavigates) {
     HWND combo = Bar()->Combo();
+    EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), 1) << "until the list opens only the folder";
+    SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    Bar()->OpenHierarchy();  // as the opening list asks
+    SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
     const int count = static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0));
     EXPECT_GE(count, 4) << "desktop, computer, drive, ... down to the folder";
     EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), count - 1);
     {
         ScopedOption flat(Options().adress_tree, 0);
         Bar()->SetPath(host_.Browser().Current());
+        Bar()->OpenHierarchy();
         EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), 1) << "without the hierarchy only the folder";
     }
     Bar()->SetPath(host_.Browser().Current());
+    Bar()->OpenHierarchy();
     // Picking the item above the folder, as the open list reports it.
     SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
     SendMessageW(combo, CB_SETCURSEL, count - 2, 0);
