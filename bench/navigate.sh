@@ -19,6 +19,7 @@ if [ ! -e "$data/complete-folders-10000" ]; then  # the address bar's popup read
   (cd "$data/folders-10000" && seq -f 'd%05g' 0 9999 | xargs mkdir)
   touch "$data/complete-folders-10000"
 fi
+mkdir -p "$data/deep/level1/level2/level3/level4/level5/level6/level7/level8/level9/level10/level11/level12"
 out=$(mktemp)
 trap 'rm -f "$out"' EXIT
 # Into a file: a command substitution would wait for Wine's helpers holding the pipe.

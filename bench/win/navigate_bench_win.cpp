@@ -129,10 +129,7 @@ void BenchPopup(const std::wstring& root) {
 // filled again, then each level down is read, opened and the folder selected.
 void BenchTreeSync(CShellTree2& tree, const std::wstring& root) {
     std::wstring deep = root + L"\\deep";
-    for (int level = 1; level <= 12; ++level) {
-        deep += L"\\level" + std::to_wstring(level);
-        CreateDirectoryW(deep.c_str(), nullptr);
-    }
+    for (int level = 1; level <= 12; ++level) deep += L"\\level" + std::to_wstring(level);  // made by the script
     win::UniquePidl folder = win::PidlFromPath(deep);
     std::vector<double> times;
     bool found = false;

@@ -124,3 +124,47 @@ TEST_F(Layouts, TheKeptTreeModeCountsOnlyWithoutTheLastState) {
 
 }  // namespace
 }  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+// The address-bar modes from the Options menu: one bar per T-View, one in the frame, none;
+// each written at once.
+TEST_F(Layouts, AddressBarModesFromTheMenuAreAppliedAndKept) {
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    HWND panel = View(tessel, 1);
+    auto panelBar = [&] { return FindWindowExW(panel, nullptr, L"TesselAddressBar", nullptr); };
+    ASSERT_NE(panelBar(), nullptr) << "every T-View has its bar at first";
+    EXPECT_NE(FindWindowExW(panelBar(), nullptr, WC_COMBOBOXEXW, nullptr), nullptr);
+    EXPECT_EQ(GetDlgItem(tessel.Frame(), IDC_FRAME_ADDRESS_BAR), nullptr);
+
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_MODE_FRAME, 0);
+    EXPECT_EQ(panelBar(), nullptr);
+    HWND frameBar = GetDlgItem(tessel.Frame(), IDC_FRAME_ADDRESS_BAR);
+    ASSERT_NE(frameBar, nullptr);
+    EXPECT_TRUE(IsWindowVisible(frameBar));
+    RECT bar, view;
+    GetWindowRect(frameBar, &bar);
+    GetWindowRect(panel, &view);
+    EXPECT_LE(bar.bottom, view.top) << "the frame's bar sits above the views";
+
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_MODE_NONE, 0);
+    EXPECT_EQ(GetDlgItem(tessel.Frame(), IDC_FRAME_ADDRESS_BAR), nullptr);
+    EXPECT_EQ(panelBar(), nullptr);
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_STYLE_SEGMENTS, 0);
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_TREE, 0);
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    const std::string ini = ReadBytes(folder_ / L"Tessel.ini");
+    auto has = [&](const std::string& line) {
+        std::string wide;
+        for (char c : line) wide += std::string{c, '\0'};
+        return ini.find(wide) != std::string::npos;
+    };
+    EXPECT_TRUE(has("address_bar_mod=-1"));
+    EXPECT_TRUE(has("adresbar_style=1"));
+    EXPECT_TRUE(has("adress_tree=0"));
+}
+
+}  // namespace
+}  // namespace tessel::testing
