@@ -106,10 +106,25 @@ void CAdressBar::SetPath(PCIDLIST_ABSOLUTE folder) {
 // only the folder when the hierarchy is switched off) is made when the list opens, so a
 // navigation asks the shell for one name and icon, not one per level.
 void CAdressBar::FillHierarchy() {
-    SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
+    if (!shown_) return;
+    // The one item is rewritten in place: emptying and refilling the box repaints it twice.
+    const bool reuse = hierarchy_.size() == 1 && SendMessageW(combo_, CB_GETCOUNT, 0, 0) == 1;
     hierarchy_.clear();
-    if (shown_) hierarchy_.push_back(win::ClonePidl(shown_.get()));
-    InsertHierarchyItems(0);
+    hierarchy_.push_back(win::ClonePidl(shown_.get()));
+    if (reuse) {
+        SHFILEINFOW info{};
+        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(shown_.get()), 0, &info, sizeof(info),
+                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+        COMBOBOXEXITEMW item{};
+        item.mask = CBEIF_TEXT | CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
+        item.iItem = 0;
+        item.pszText = info.szDisplayName;
+        item.iImage = item.iSelectedImage = info.iIcon;
+        SendMessageW(combo_, CBEM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    } else {
+        SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
+        InsertHierarchyItems(false);
+    }
     ShowFolderText();
 }
 
@@ -153,7 +168,12 @@ std::wstring CAdressBar::FolderText() const {
 }
 
 void CAdressBar::ShowFolderText() {
-    if (HWND edit = Edit()) SetWindowTextW(edit, FolderText().c_str());
+    HWND edit = Edit();
+    if (!edit) return;
+    const std::wstring text = FolderText();
+    wchar_t now[MAX_PATH + 2] = {};
+    GetWindowTextW(edit, now, MAX_PATH + 2);
+    if (text != now) SetWindowTextW(edit, text.c_str());
 }
 
 void CAdressBar::Layout() {

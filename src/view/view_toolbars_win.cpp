@@ -1,5 +1,7 @@
 #include "view/view_toolbars_win.h"
 
+#include <utility>
+
 #include "res/resource.h"
 #include "view/toolbar_images_win.h"
 #include "win/window_win.h"
@@ -114,8 +116,10 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
 
 void ViewToolbars::EnableHistory(bool back, bool forward) {
     if (!bars_[0]) return;
-    SendMessageW(bars_[0], TB_ENABLEBUTTON, ID_VIEW_BACK, MAKELONG(back, 0));
-    SendMessageW(bars_[0], TB_ENABLEBUTTON, ID_VIEW_FORWARD, MAKELONG(forward, 0));
+    // Only a change: every enabling repaints the button, and this runs at each navigation.
+    for (auto [command, enabled] : {std::pair{ID_VIEW_BACK, back}, std::pair{ID_VIEW_FORWARD, forward}})
+        if ((SendMessageW(bars_[0], TB_ISBUTTONENABLED, command, 0) != 0) != enabled)
+            SendMessageW(bars_[0], TB_ENABLEBUTTON, command, MAKELONG(enabled, 0));
 }
 
 int ViewToolbars::Height() const {
