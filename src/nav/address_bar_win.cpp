@@ -33,10 +33,7 @@ bool CAdressBar::Create(HWND parent, int id) {
                              GetModuleHandleW(nullptr), nullptr);
     if (!combo_) return false;
     SendMessageW(combo_, CBEM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(win::SystemSmallIcons()));  // not ours
-    if (HWND edit = Edit()) {
-        win::Subclass(edit, &CAdressBar::EditProc, this);
-        SHAutoComplete(edit, SHACF_FILESYS_DIRS);  // Tab and the list complete typed folders
-    }
+    if (HWND edit = Edit()) win::Subclass(edit, &CAdressBar::EditProc, this);
     drives_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
                               WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE | CCS_NODIVIDER |
                                   CCS_NOPARENTALIGN,
@@ -254,6 +251,10 @@ LRESULT CAdressBar::EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lPar
         if (wParam == L'\r' || wParam == 27) return 0;  // handled at the key: no beep
         break;
     case WM_SETFOCUS:
+        if (!self->completing_) {  // made at first use: it costs start-up time in every T-View
+            self->completing_ = true;
+            SHAutoComplete(edit, SHACF_FILESYS_DIRS);  // Tab and the list complete typed folders
+        }
         if (Options().adress_autosel) PostMessageW(edit, EM_SETSEL, 0, -1);
         break;
     case WM_KILLFOCUS:

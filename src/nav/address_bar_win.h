@@ -70,6 +70,7 @@ private:
     int style_ = 0;
     bool editing_ = false;  // the segmented bar gave way to the edit field
     bool active_ = false;
+    bool completing_ = false;  // the shell's completion is attached to the edit
     win::UniquePidl shown_;
     std::vector<win::UniquePidl> hierarchy_;  // the drop-down's folders, by item index
     std::vector<std::wstring> driveTexts_;

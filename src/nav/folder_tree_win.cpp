@@ -1,6 +1,7 @@
 #include "nav/folder_tree_win.h"
 
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include <string>
 
@@ -78,22 +79,34 @@ void CShellTree2::EnsureFilled() {
     }
 }
 
+// Names, icons and expand buttons are asked for when an item is first drawn: opening a level
+// costs no shell call per item, so walking deep into wide folders stays quick.
 HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder) {
-    SHFILEINFOW info{};
-    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &info, sizeof(info),
-                   SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
     TVINSERTSTRUCTW insert{};
     insert.hParent = parent;
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
-    insert.item.pszText = info.szDisplayName;
-    insert.item.iImage = insert.item.iSelectedImage = info.iIcon;
-    // The root shows its button at once; every other item is asked when the tree draws it.
+    insert.item.pszText = LPSTR_TEXTCALLBACKW;
+    insert.item.iImage = insert.item.iSelectedImage = I_IMAGECALLBACK;
     insert.item.cChildren = parent == TVI_ROOT ? 1 : I_CHILDRENCALLBACK;
     insert.item.lParam = reinterpret_cast<LPARAM>(folder);  // freed when the item is deleted
     HTREEITEM item = TreeView_InsertItem(tree_, &insert);
     if (!item) CoTaskMemFree(folder);
     return item;
+}
+
+void CShellTree2::DescribeItem(NMTVDISPINFOW& info) const {
+    const auto folder = reinterpret_cast<PCIDLIST_ABSOLUTE>(info.item.lParam);
+    if (info.item.mask & (TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE)) {
+        SHFILEINFOW file{};
+        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &file, sizeof(file),
+                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+        if ((info.item.mask & TVIF_TEXT) && info.item.pszText && info.item.cchTextMax > 0)
+            lstrcpynW(info.item.pszText, file.szDisplayName, info.item.cchTextMax);
+        info.item.iImage = info.item.iSelectedImage = file.iIcon;
+    }
+    if (info.item.mask & TVIF_CHILDREN) info.item.cChildren = ChildrenOf(folder);
+    info.item.mask |= TVIF_DI_SETITEM;  // asked once per item
 }
 
 int CShellTree2::ChildrenOf(PCIDLIST_ABSOLUTE folder) const {
@@ -210,14 +223,9 @@ bool CShellTree2::OnNotify(NMHDR* header) {
     case TVN_ITEMEXPANDINGW:
         if (view->action == TVE_EXPAND) Expand(view->itemNew.hItem);
         break;
-    case TVN_GETDISPINFOW: {
-        auto* info = reinterpret_cast<NMTVDISPINFOW*>(header);
-        if (info->item.mask & TVIF_CHILDREN) {
-            info->item.cChildren = ChildrenOf(reinterpret_cast<PCIDLIST_ABSOLUTE>(info->item.lParam));
-            info->item.mask |= TVIF_DI_SETITEM;  // asked once per item
-        }
+    case TVN_GETDISPINFOW:
+        DescribeItem(*reinterpret_cast<NMTVDISPINFOW*>(header));
         break;
-    }
     case TVN_DELETEITEMW:
         CoTaskMemFree(reinterpret_cast<void*>(view->itemOld.lParam));
         break;

@@ -39,7 +39,8 @@ public:
 private:
     HTREEITEM Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder);  // takes the list over
     void Expand(HTREEITEM item);
-    int ChildrenOf(PCIDLIST_ABSOLUTE folder) const;  // 1 or 0, as the expand button shows
+    int ChildrenOf(PCIDLIST_ABSOLUTE folder) const;
+    void DescribeItem(NMTVDISPINFOW& info) const;  // what the tree asks when it draws an item  // 1 or 0, as the expand button shows
     void Choose(bool byMouse);
     static LRESULT TreeProc(HWND, UINT, WPARAM, LPARAM, void* data);
 

@@ -24,7 +24,7 @@ protected:
         CreateDirectoryW((files_ / L"other").c_str(), nullptr);
         WriteBytes(files_ / L"file.txt", "x");
         ASSERT_TRUE(host_.Panel().NavigateToText(files_ / L"deep"));
-        ASSERT_NE(Bar(), nullptr);
+        ASSERT_TRUE(PumpUntil([&] { return Bar() != nullptr; })) << "made right after the panel";
     }
     CAdressBar* Bar() { return host_.Panel().AddressBar(); }
     std::wstring Shown() { return LowerCase(host_.Browser().CurrentPath()); }
