@@ -95,6 +95,9 @@ void CComboBoxVista::SetPath(PCIDLIST_ABSOLUTE folder) {
         button.iString = reinterpret_cast<INT_PTR>(texts_.back().c_str());
         SendMessageW(segmentBar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
     }
+    RECT bar{};
+    GetClientRect(segmentBar_, &bar);
+    FitSegments(bar.right);
     SendMessageW(segmentBar_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(segmentBar_, nullptr, TRUE);
 }
@@ -109,8 +112,22 @@ void CComboBoxVista::Place(const RECT& area) {
     SendMessageW(editBar_, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&edit));
     const int height = area.bottom - area.top;
     SetWindowPos(editBar_, nullptr, area.right - edit.cx, area.top, edit.cx, height, SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(segmentBar_, nullptr, area.left, area.top, std::max<int>(0, area.right - area.left - edit.cx), height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    const int width = std::max<int>(0, area.right - area.left - edit.cx);
+    SetWindowPos(segmentBar_, nullptr, area.left, area.top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    FitSegments(width);
+}
+
+// A path wider than the bar keeps its deepest segments: the first ones give way, the folder
+// shown always stays.
+void CComboBoxVista::FitSegments(int width) {
+    const int count = SegmentCount();
+    for (int i = 0; i < count; ++i) SendMessageW(segmentBar_, TB_HIDEBUTTON, kFirstSegmentId + i, FALSE);
+    for (int hidden = 0; hidden + 1 < count; ++hidden) {
+        RECT last{};
+        SendMessageW(segmentBar_, TB_GETITEMRECT, count - 1, reinterpret_cast<LPARAM>(&last));
+        if (last.right <= width) break;
+        SendMessageW(segmentBar_, TB_HIDEBUTTON, kFirstSegmentId + hidden, TRUE);
+    }
 }
 
 PCIDLIST_ABSOLUTE CComboBoxVista::Segment(int index) const {

@@ -34,6 +34,7 @@ public:
     HWND EditButton() const { return editBar_; }
 
 private:
+    void FitSegments(int width);
     HWND segmentBar_ = nullptr;
     HWND editBar_ = nullptr;
     std::vector<win::UniquePidl> segments_;  // segment 0 is the desktop

@@ -18,17 +18,23 @@ namespace {
 constexpr UINT_PTR kKeyboardTimer = 1;
 constexpr UINT_PTR kMouseTimer = 2;
 
-// A local directory with at least one sub-folder; stops at the first.
+// At most this many entries are read to find a sub-folder: a folder of 100,000 files would
+// otherwise be read whole (the directories-only search is a hint the file system may ignore).
+constexpr int kSubFolderProbeLimit = 1000;
+
+// A local directory with at least one sub-folder; stops at the first, and answers yes when the
+// limit is reached first (the button stays, opening the folder tells).
 bool HasSubFolder(const std::wstring& path) {
     WIN32_FIND_DATAW data{};
     HANDLE find = FindFirstFileExW((path + L"\\*").c_str(), FindExInfoBasic, &data, FindExSearchLimitToDirectories,
                                    nullptr, 0);
     if (find == INVALID_HANDLE_VALUE) return false;
     bool found = false;
+    int read = 0;
     do {
         const bool dots = data.cFileName[0] == L'.' &&
                           (data.cFileName[1] == 0 || (data.cFileName[1] == L'.' && data.cFileName[2] == 0));
-        found = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !dots;
+        found = ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !dots) || ++read >= kSubFolderProbeLimit;
     } while (!found && FindNextFileW(find, &data));
     FindClose(find);
     return found;
@@ -184,6 +190,7 @@ bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
     if (!item) return false;
     TreeView_SelectItem(tree_, item);  // a selection by the program: no navigation
     TreeView_EnsureVisible(tree_, item);
+    SendMessageW(tree_, WM_HSCROLL, SB_LEFT, 0);  // names of a narrow tree start at its left edge
     return true;
 }
 
