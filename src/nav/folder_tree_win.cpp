@@ -80,20 +80,36 @@ void CShellTree2::EnsureFilled() {
     if (!tree_ || TreeView_GetRoot(tree_)) return;
     PIDLIST_ABSOLUTE desktop = nullptr;
     if (SUCCEEDED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) {
-        HTREEITEM root = Add(TVI_ROOT, desktop);
+        HTREEITEM root = Add(TVI_ROOT, desktop, nullptr);
         TreeView_Expand(tree_, root, TVE_EXPAND);
     }
 }
 
-// Names, icons and expand buttons are asked for when an item is first drawn: opening a level
-// costs no shell call per item, so walking deep into wide folders stays quick.
-HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder) {
+// Names and icons come from the folder being opened, which is bound once for all its items
+// (asking the shell about each item on its own binds its parent again every time); expand
+// buttons are asked for when an item is first drawn.
+HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder, IShellFolder* parentFolder) {
+    wchar_t name[MAX_PATH] = {};
+    int icon = 0;
+    PCUITEMID_CHILD child = ILFindLastID(folder);
+    STRRET text{};
+    if (parentFolder && !ILIsEmpty(folder)) {
+        if (SUCCEEDED(parentFolder->GetDisplayNameOf(child, SHGDN_INFOLDER, &text))) StrRetToBufW(&text, child, name, MAX_PATH);
+        icon = SHMapPIDLToSystemImageListIndex(parentFolder, child, nullptr);
+        if (icon < 0) icon = 0;
+    } else {
+        SHFILEINFOW info{};
+        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &info, sizeof(info),
+                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+        lstrcpynW(name, info.szDisplayName, MAX_PATH);
+        icon = info.iIcon;
+    }
     TVINSERTSTRUCTW insert{};
     insert.hParent = parent;
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
-    insert.item.pszText = LPSTR_TEXTCALLBACKW;
-    insert.item.iImage = insert.item.iSelectedImage = I_IMAGECALLBACK;
+    insert.item.pszText = name;
+    insert.item.iImage = insert.item.iSelectedImage = icon;
     insert.item.cChildren = parent == TVI_ROOT ? 1 : I_CHILDRENCALLBACK;
     insert.item.lParam = reinterpret_cast<LPARAM>(folder);  // freed when the item is deleted
     HTREEITEM item = TreeView_InsertItem(tree_, &insert);
@@ -102,34 +118,24 @@ HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder) {
 }
 
 void CShellTree2::DescribeItem(NMTVDISPINFOW& info) const {
-    const auto folder = reinterpret_cast<PCIDLIST_ABSOLUTE>(info.item.lParam);
-    if (info.item.mask & (TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE)) {
-        SHFILEINFOW file{};
-        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &file, sizeof(file),
-                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
-        if ((info.item.mask & TVIF_TEXT) && info.item.pszText && info.item.cchTextMax > 0)
-            lstrcpynW(info.item.pszText, file.szDisplayName, info.item.cchTextMax);
-        info.item.iImage = info.item.iSelectedImage = file.iIcon;
-    }
-    if (info.item.mask & TVIF_CHILDREN) info.item.cChildren = ChildrenOf(folder);
+    if (!(info.item.mask & TVIF_CHILDREN)) return;
+    info.item.cChildren = ChildrenOf(reinterpret_cast<PCIDLIST_ABSOLUTE>(info.item.lParam));
     info.item.mask |= TVIF_DI_SETITEM;  // asked once per item
 }
 
+// Decided from the item's path where it has one: binding the parent of a deep folder costs a
+// bind per level, and the tree asks this for every item it draws.
 int CShellTree2::ChildrenOf(PCIDLIST_ABSOLUTE folder) const {
-    win::UniquePidl parentList = win::ParentOf(folder);
-    win::ComPtr<IShellFolder> parent = parentList ? win::BindFolder(parentList.get()) : nullptr;
-    if (!parent) return 1;  // the desktop
-    PCUITEMID_CHILD child = ILFindLastID(folder);
-    SFGAOF attributes = SFGAO_FOLDER | SFGAO_REMOVABLE;
-    if (FAILED(parent->GetAttributesOf(1, &child, &attributes))) return 0;
-    TreeItemFacts facts{(attributes & SFGAO_FOLDER) != 0, (attributes & SFGAO_REMOVABLE) != 0};
-    std::wstring path;
-    if (facts.folder && !facts.removable && options_.auto_chk_subdir) {
-        path = win::FileSystemPathOf(folder);
-        facts.path = path;
+    const std::wstring path = win::FileSystemPathOf(folder);
+    TreeItemFacts facts{true, false, path};
+    if (!path.empty()) {
         const bool network = path.size() >= 2 && path[0] == L'\\' && path[1] == L'\\';
-        const DWORD kind = path.empty() || network ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
-        facts.pathIsDirectory = kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY);
+        const bool driveRoot = path.size() <= 3 && path.size() >= 2 && path[1] == L':';
+        facts.removable = driveRoot && GetDriveTypeW((path.substr(0, 2) + L"\\").c_str()) == DRIVE_REMOVABLE;
+        if (!facts.removable && !network && options_.auto_chk_subdir) {
+            const DWORD kind = GetFileAttributesW(path.c_str());
+            facts.pathIsDirectory = kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY);
+        }
     }
     switch (TreeChildren(facts, options_)) {
     case ChildrenAnswer::kNone: return 0;
@@ -157,7 +163,7 @@ void CShellTree2::Expand(HTREEITEM item) {
                                    (SUCCEEDED(folder->GetAttributesOf(1, &one, &attributes)) &&
                                     (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)));
             if (browsable)
-                if (PIDLIST_ABSOLUTE full = ILCombine(parent, child)) added += Add(item, full) != nullptr;
+                if (PIDLIST_ABSOLUTE full = ILCombine(parent, child)) added += Add(item, full, folder.get()) != nullptr;
             CoTaskMemFree(child);
         }
     }
@@ -170,6 +176,8 @@ void CShellTree2::Expand(HTREEITEM item) {
 bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
     if (!tree_ || !folder) return false;
     EnsureFilled();
+    // One repaint for the whole walk: the tree redraws and sizes itself at every opened level.
+    SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
     HTREEITEM item = TreeView_GetRoot(tree_);
     UINT depth = 0;
     for (PCUIDLIST_RELATIVE id = folder; id && id->mkid.cb; id = ILNext(id)) ++depth;
@@ -187,11 +195,14 @@ bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
         if (found) TreeView_Expand(tree_, item, TVE_EXPAND);
         item = found;
     }
-    if (!item) return false;
-    TreeView_SelectItem(tree_, item);  // a selection by the program: no navigation
-    TreeView_EnsureVisible(tree_, item);
+    if (item) {
+        TreeView_SelectItem(tree_, item);  // a selection by the program: no navigation
+        TreeView_EnsureVisible(tree_, item);
+    }
+    SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
     SendMessageW(tree_, WM_HSCROLL, SB_LEFT, 0);  // names of a narrow tree start at its left edge
-    return true;
+    InvalidateRect(tree_, nullptr, TRUE);
+    return item != nullptr;
 }
 
 int CShellTree2::ChildCount(HTREEITEM item) const {

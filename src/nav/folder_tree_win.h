@@ -37,7 +37,8 @@ public:
     static PCIDLIST_ABSOLUTE FolderOf(HWND tree, HTREEITEM item);
 
 private:
-    HTREEITEM Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder);  // takes the list over
+    // Takes the list over; its name and icon are asked of the parent folder (null: of the shell).
+    HTREEITEM Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder, IShellFolder* parentFolder);
     void Expand(HTREEITEM item);
     int ChildrenOf(PCIDLIST_ABSOLUTE folder) const;
     void DescribeItem(NMTVDISPINFOW& info) const;  // what the tree asks when it draws an item  // 1 or 0, as the expand button shows
