@@ -259,24 +259,16 @@ void CMainFrame::ApplyFrameAddressBar() {
     if (Options().address_bar_mod != 1) {
         addressBar_.reset();
     } else if (!addressBar_) {
-        auto bar = std::make_unique<CAdressBar>(
-            [this](win::UniquePidl folder) {
-                CPloder& panel = Panel(focusedView_);
-                if (panel.NavigateTo(std::move(folder)) && panel.Active()) SetFocus(panel.Active()->hwnd());
-            },
-            [this](const std::wstring& text) { return Panel(focusedView_).NavigateToTyped(text); });
-        if (bar->Create(hwnd(), IDC_FRAME_ADDRESS_BAR)) addressBar_ = std::move(bar);
-        ShowFocusedLocation();
+        addressBar_ = MakeAddressBar(hwnd(), IDC_FRAME_ADDRESS_BAR, [this] { return &Panel(focusedView_); });
     } else {
         addressBar_->SetStyle(Options().adresbar_style);
     }
+    ShowFocusedLocation();
     Layout();
 }
 
 void CMainFrame::ShowFocusedLocation() {
-    if (!addressBar_ || focusedView_ < 1 || focusedView_ > kViewCount) return;
-    CPloder& panel = Panel(focusedView_);
-    if (panel.Active() && panel.Active()->Current()) addressBar_->SetPath(panel.Active()->Current());
+    if (addressBar_ && focusedView_ >= 1 && focusedView_ <= kViewCount) Panel(focusedView_).ShowLocation(*addressBar_);
 }
 
 // The address bar options: each command sets its value, applies it to the four T-Views and
@@ -312,8 +304,6 @@ bool CMainFrame::AddressBarCommand(int id) {
         ApplyFrameAddressBar();
         for (auto& panel : panels_) {
             panel->ApplyAddressBarMode();
-            if (panel->AddressBar() && panel->Active() && panel->Active()->Current())
-                panel->AddressBar()->SetPath(panel->Active()->Current());  // the hierarchy switch
             InvalidateRect(panel->hwnd(), nullptr, TRUE);
         }
         WriteOption(Settings(), setting.key, *setting.value);

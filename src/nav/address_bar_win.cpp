@@ -109,15 +109,7 @@ void CAdressBar::FillHierarchy() {
     hierarchy_.clear();
     hierarchy_.push_back(win::ClonePidl(shown_.get()));
     if (reuse) {
-        SHFILEINFOW info{};
-        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(shown_.get()), 0, &info, sizeof(info),
-                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
-        COMBOBOXEXITEMW item{};
-        item.mask = CBEIF_TEXT | CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
-        item.iItem = 0;
-        item.pszText = info.szDisplayName;
-        item.iImage = item.iSelectedImage = info.iIcon;
-        SendMessageW(combo_, CBEM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        PutItem(CBEM_SETITEMW, 0, false);
     } else {
         SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
         InsertHierarchyItems(false);
@@ -136,32 +128,28 @@ void CAdressBar::OpenHierarchy() {
 }
 
 void CAdressBar::InsertHierarchyItems(bool indented) {
-    for (size_t i = 0; i < hierarchy_.size(); ++i) {
-        SHFILEINFOW info{};
-        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(hierarchy_[i].get()), 0, &info, sizeof(info),
-                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
-        COMBOBOXEXITEMW item{};
-        item.mask = CBEIF_TEXT | CBEIF_IMAGE | CBEIF_SELECTEDIMAGE | CBEIF_INDENT | CBEIF_LPARAM;
-        item.iItem = static_cast<INT_PTR>(i);
-        item.pszText = info.szDisplayName;
-        item.iImage = item.iSelectedImage = info.iIcon;
-        item.iIndent = indented ? static_cast<int>(i) : 0;
-        item.lParam = static_cast<LPARAM>(i);
-        SendMessageW(combo_, CBEM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    }
+    for (size_t i = 0; i < hierarchy_.size(); ++i) PutItem(CBEM_INSERTITEMW, i, indented);
     SendMessageW(combo_, CB_SETCURSEL, hierarchy_.empty() ? static_cast<WPARAM>(-1) : hierarchy_.size() - 1, 0);
+}
+
+// Writes (CBEM_SETITEMW) or inserts (CBEM_INSERTITEMW) the box's item for a hierarchy entry.
+void CAdressBar::PutItem(UINT message, size_t index, bool indented) {
+    win::ShellLook look = win::LookOf(hierarchy_[index].get());
+    COMBOBOXEXITEMW item{};
+    item.mask = CBEIF_TEXT | CBEIF_IMAGE | CBEIF_SELECTEDIMAGE | CBEIF_INDENT | CBEIF_LPARAM;
+    item.iItem = static_cast<INT_PTR>(index);
+    item.pszText = look.name.data();
+    item.iImage = item.iSelectedImage = look.icon;
+    item.iIndent = indented ? static_cast<int>(index) : 0;
+    item.lParam = static_cast<LPARAM>(index);
+    SendMessageW(combo_, message, 0, reinterpret_cast<LPARAM>(&item));
 }
 
 // A folder of the file system shows its path; others (Computer, the desktop) their name.
 std::wstring CAdressBar::FolderText() const {
     if (!shown_) return {};
-    std::wstring text = win::FileSystemPathOf(shown_.get());
-    if (text.empty()) {
-        SHFILEINFOW info{};
-        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(shown_.get()), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_DISPLAYNAME);
-        text = info.szDisplayName;
-    }
-    return text;
+    const std::wstring path = win::FileSystemPathOf(shown_.get());
+    return path.empty() ? win::LookOf(shown_.get()).name : path;
 }
 
 void CAdressBar::ShowFolderText() {

@@ -56,6 +56,7 @@ private:
     void FillDrives();
     void FillHierarchy();
     void InsertHierarchyItems(bool indented);
+    void PutItem(UINT message, size_t index, bool indented);
     void ShowSegmentsAgain();
     std::wstring FolderText() const;
     void ShowFolderText();

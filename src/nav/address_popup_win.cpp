@@ -1,7 +1,6 @@
 #include "nav/address_popup_win.h"
 
 #include <shlobj.h>
-#include <shlwapi.h>
 
 #include "win/com_ptr_win.h"
 #include "win/shell_item_win.h"
@@ -10,13 +9,6 @@ namespace tessel {
 namespace {
 
 constexpr UINT kFirstChild = 1;
-
-std::wstring NameIn(IShellFolder* folder, PCUITEMID_CHILD child) {
-    STRRET name{};
-    wchar_t text[MAX_PATH] = {};
-    if (SUCCEEDED(folder->GetDisplayNameOf(child, SHGDN_INFOLDER, &name))) StrRetToBufW(&name, child, text, MAX_PATH);
-    return text;
-}
 
 }  // namespace
 
@@ -32,7 +24,7 @@ CAdressBarPopup::CAdressBarPopup(PCIDLIST_ABSOLUTE folder)
     if (!menu_ || !shellFolder || shellFolder->EnumObjects(nullptr, flags, items.put()) != S_OK || !items) return;
     PITEMID_CHILD child = nullptr;
     while (items->Next(1, &child, nullptr) == S_OK) {
-        const std::wstring name = NameIn(shellFolder.get(), child);
+        const std::wstring name = win::NameInFolder(shellFolder.get(), child);
         const UINT id = kFirstChild + static_cast<UINT>(children_.size());
         children_.emplace_back(reinterpret_cast<PIDLIST_ABSOLUTE>(child));  // owned from here
         AppendMenuW(menu_.get(), MF_STRING, id, name.empty() ? L"?" : name.c_str());  // long menus scroll

@@ -22,28 +22,6 @@ HWND MakeBar(HWND parent, DWORD extraStyle) {
     return bar;
 }
 
-// The name a segment shows: from the third segment on its name in its parent, before that the
-// display name of the whole list (the desktop, then a drive or a root such as Computer).
-std::wstring SegmentName(PCIDLIST_ABSOLUTE pidl, int index) {
-    SHFILEINFOW info{};
-    if (index < 2) {
-        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(pidl), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_DISPLAYNAME);
-        return info.szDisplayName;
-    }
-    win::UniquePidl parent = win::ParentOf(pidl);
-    win::ComPtr<IShellFolder> folder = parent ? win::BindFolder(parent.get()) : nullptr;
-    STRRET name{};
-    wchar_t text[4098] = {};
-    PCUITEMID_CHILD child = ILFindLastID(pidl);
-    if (folder && SUCCEEDED(folder->GetDisplayNameOf(child, SHGDN_INFOLDER, &name))) StrRetToBufW(&name, child, text, 4098);
-    return text;
-}
-
-int IconOf(PCIDLIST_ABSOLUTE pidl) {
-    SHFILEINFOW info{};
-    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(pidl), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
-    return info.iIcon;
-}
 
 }  // namespace
 
@@ -84,10 +62,23 @@ void CComboBoxVista::SetPath(PCIDLIST_ABSOLUTE folder) {
         step = std::move(parent);
     }
     for (auto it = reversed.rbegin(); it != reversed.rend(); ++it) segments_.push_back(std::move(*it));
+    // Each segment's folder is bound from the one before it: one bind per level. From the third
+    // segment on a segment shows its name in its parent, before that the display name of the
+    // whole list (the desktop, then a drive or a root such as Computer).
+    win::ComPtr<IShellFolder> parent;
     for (int index = 0; index < static_cast<int>(segments_.size()); ++index) {
-        texts_.push_back(SegmentName(segments_[index].get(), index));
+        PCIDLIST_ABSOLUTE pidl = segments_[index].get();
+        PCUITEMID_CHILD child = ILFindLastID(pidl);
+        win::ShellLook look;
+        if (index < 2) look = win::LookOf(pidl);
+        if (index >= 2) look = {win::NameInFolder(parent.get(), child), win::IconInFolder(parent.get(), child)};
+        texts_.push_back(look.name);
+        win::ComPtr<IShellFolder> next;
+        if (index == 0) next = win::DesktopFolder();
+        else if (parent) parent->BindToObject(child, nullptr, IID_IShellFolder, next.put_void());
+        parent = next;
         TBBUTTON button{};
-        button.iBitmap = IconOf(segments_[index].get());
+        button.iBitmap = look.icon;
         button.idCommand = kFirstSegmentId + index;
         button.fsState = TBSTATE_ENABLED;
         button.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_DROPDOWN | BTNS_SHOWTEXT;
@@ -142,10 +133,8 @@ std::wstring CComboBoxVista::Tooltip(int command) const {
     if (command == kEditPathId) return L"Edit Path ;)";
     PCIDLIST_ABSOLUTE segment = Segment(command - kFirstSegmentId);
     if (!segment) return {};
-    SHFILEINFOW info{};
-    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(segment), 0, &info, sizeof(info), SHGFI_PIDL | SHGFI_DISPLAYNAME);
     const std::wstring full = win::LocationNameOf(segment);
-    return full.empty() ? info.szDisplayName : full;
+    return full.empty() ? win::LookOf(segment).name : full;
 }
 
 }  // namespace tessel

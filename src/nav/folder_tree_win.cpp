@@ -1,7 +1,6 @@
 #include "nav/folder_tree_win.h"
 
 #include <shellapi.h>
-#include <shlwapi.h>
 
 #include <string>
 
@@ -89,27 +88,16 @@ void CShellTree2::EnsureFilled() {
 // (asking the shell about each item on its own binds its parent again every time); expand
 // buttons are asked for when an item is first drawn.
 HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder, IShellFolder* parentFolder) {
-    wchar_t name[MAX_PATH] = {};
-    int icon = 0;
     PCUITEMID_CHILD child = ILFindLastID(folder);
-    STRRET text{};
-    if (parentFolder && !ILIsEmpty(folder)) {
-        if (SUCCEEDED(parentFolder->GetDisplayNameOf(child, SHGDN_INFOLDER, &text))) StrRetToBufW(&text, child, name, MAX_PATH);
-        icon = SHMapPIDLToSystemImageListIndex(parentFolder, child, nullptr);
-        if (icon < 0) icon = 0;
-    } else {
-        SHFILEINFOW info{};
-        SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &info, sizeof(info),
-                       SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
-        lstrcpynW(name, info.szDisplayName, MAX_PATH);
-        icon = info.iIcon;
-    }
+    win::ShellLook look = parentFolder && !ILIsEmpty(folder)
+                              ? win::ShellLook{win::NameInFolder(parentFolder, child), win::IconInFolder(parentFolder, child)}
+                              : win::LookOf(folder);
     TVINSERTSTRUCTW insert{};
     insert.hParent = parent;
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
-    insert.item.pszText = name;
-    insert.item.iImage = insert.item.iSelectedImage = icon;
+    insert.item.pszText = look.name.data();
+    insert.item.iImage = insert.item.iSelectedImage = look.icon;
     insert.item.cChildren = parent == TVI_ROOT ? 1 : I_CHILDRENCALLBACK;
     insert.item.lParam = reinterpret_cast<LPARAM>(folder);  // freed when the item is deleted
     HTREEITEM item = TreeView_InsertItem(tree_, &insert);

@@ -13,13 +13,6 @@ std::wstring_view TrimBlanks(std::wstring_view text) {
     return text;
 }
 
-bool StartsWithNoCase(std::wstring_view text, std::wstring_view lowerPrefix) {
-    if (text.size() < lowerPrefix.size()) return false;
-    for (size_t i = 0; i < lowerPrefix.size(); ++i)
-        if (static_cast<wchar_t>(std::towlower(text[i])) != lowerPrefix[i]) return false;
-    return true;
-}
-
 }  // namespace
 
 std::wstring ExpandFirstVariable(std::wstring_view text, const EnvironmentLookup& environment) {

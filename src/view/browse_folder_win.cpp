@@ -183,10 +183,7 @@ bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTING
     view_ = view;
     viewWindow_ = window;
     viewSaved_ = false;
-    if (counted && leftAFolder) {  // the first folder of a view is entry 0
-        history_.Advance();
-        owner_.HistoryChanged(*this);
-    }
+    if (counted && leftAFolder) history_.Advance();  // the first folder of a view is entry 0
     previous_ = std::move(shown_);
     previousFolder_ = std::move(shownFolder_);
     shown_ = win::ClonePidl(target_.get());

@@ -8,13 +8,6 @@
 namespace tessel {
 namespace {
 
-bool StartsWithNoCase(std::wstring_view text, std::wstring_view prefix) {
-    if (text.size() < prefix.size()) return false;
-    for (size_t i = 0; i < prefix.size(); ++i)
-        if (static_cast<wchar_t>(std::towlower(text[i])) != prefix[i]) return false;
-    return true;
-}
-
 int Hex(wchar_t c) {
     if (c >= L'0' && c <= L'9') return c - L'0';
     c = static_cast<wchar_t>(std::towlower(c));
@@ -64,6 +57,13 @@ std::wstring FileUrlToPath(std::wstring_view rest) {
 }
 
 }  // namespace
+
+bool StartsWithNoCase(std::wstring_view text, std::wstring_view lowerPrefix) {
+    if (text.size() < lowerPrefix.size()) return false;
+    for (size_t i = 0; i < lowerPrefix.size(); ++i)
+        if (static_cast<wchar_t>(std::towlower(text[i])) != lowerPrefix[i]) return false;
+    return true;
+}
 
 std::wstring NormalizeLocationText(std::wstring_view text) {
     while (!text.empty() && (std::iswspace(text.front()) || text.front() == L'"')) text.remove_prefix(1);

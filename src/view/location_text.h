@@ -7,5 +7,7 @@
 namespace tessel {
 
 std::wstring NormalizeLocationText(std::wstring_view text);
+// True when the text begins with the prefix, whatever its case; the prefix is lower case.
+bool StartsWithNoCase(std::wstring_view text, std::wstring_view lowerPrefix);
 
 }  // namespace tessel

@@ -4,15 +4,19 @@
 
 namespace tessel {
 
-bool IsItemList(const ItemBytes& bytes) {
+size_t ItemListLength(const uint8_t* data, size_t available) {
     size_t at = 0;
-    while (at + 2 <= bytes.size()) {
-        const size_t size = bytes[at] | (size_t{bytes[at + 1]} << 8);
-        if (size == 0) return at + 2 == bytes.size();
-        if (size < 2 || size > bytes.size() - at) return false;
+    while (at + 2 <= available) {
+        const size_t size = data[at] | (size_t{data[at + 1]} << 8);
+        if (size == 0) return at + 2;
+        if (size < 2 || size > available - at) return 0;
         at += size;
     }
-    return false;
+    return 0;
+}
+
+bool IsItemList(const ItemBytes& bytes) {
+    return !bytes.empty() && ItemListLength(bytes.data(), bytes.size()) == bytes.size();
 }
 
 const HistoryEntry* NavigationHistory::Find(int index) const {

@@ -12,8 +12,10 @@ namespace tessel {
 // An item identifier list as its bytes (the terminating zero included); the holder owns them.
 using ItemBytes = std::vector<uint8_t>;
 
-// True when the bytes are one item identifier list: items of at least two bytes each, all
-// inside the bytes, and the two-byte zero that ends the list as the last two bytes.
+// The length of the item identifier list at the start of `data`, its ending two-byte zero
+// included: items of at least two bytes each, all inside `available`. 0 when there is none.
+size_t ItemListLength(const uint8_t* data, size_t available);
+// True when the bytes are exactly one item identifier list.
 bool IsItemList(const ItemBytes& bytes);
 
 // The view filter's four switches as they travel with a history entry.

@@ -45,17 +45,8 @@ std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data) {
             const size_t offset = ids->aoffset[i];
             if (offset >= size) continue;
             // An item's list must end inside the block before it is read.
-            ItemBytes bytes;
-            for (size_t at = offset; at + 2 <= size;) {
-                const size_t length = base[at] | (size_t{base[at + 1]} << 8);
-                if (length == 0) {
-                    bytes.assign(base + offset, base + at + 2);
-                    break;
-                }
-                if (length < 2) break;
-                at += length;
-            }
-            if (!bytes.empty()) items.push_back(std::move(bytes));
+            if (const size_t length = ItemListLength(base + offset, size - offset))
+                items.emplace_back(base + offset, base + offset + length);
         }
         GlobalUnlock(medium.hGlobal);
     }

@@ -156,23 +156,36 @@ bool CPloder::NavigateToTyped(const std::wstring& text) {
     return folder && NavigateTo(std::move(folder)) && HasLocation();
 }
 
+std::unique_ptr<CAdressBar> MakeAddressBar(HWND parent, int id, std::function<CPloder*()> target) {
+    auto bar = std::make_unique<CAdressBar>(
+        [target](win::UniquePidl folder) {
+            CPloder* panel = target();
+            if (panel && panel->NavigateTo(std::move(folder)) && panel->Active()) SetFocus(panel->Active()->hwnd());
+        },
+        [target](const std::wstring& text) {
+            CPloder* panel = target();
+            return panel && panel->NavigateToTyped(text);
+        });
+    if (!bar->Create(parent, id)) return nullptr;
+    return bar;
+}
+
+void CPloder::ShowLocation(CAdressBar& bar) const {
+    if (active_ && active_->Current()) bar.SetPath(active_->Current());
+}
+
+// Made, restyled or removed; an existing bar shows its folder again, since an option of its
+// drop-down may have changed.
 void CPloder::ApplyAddressBarMode() {
     if (Options().address_bar_mod != 0) {
         addressBar_.reset();
     } else if (!addressBar_) {
-        auto bar = std::make_unique<CAdressBar>(
-            [this](win::UniquePidl folder) {
-                if (NavigateTo(std::move(folder)) && active_) SetFocus(active_->hwnd());
-            },
-            [this](const std::wstring& text) { return NavigateToTyped(text); });
-        if (bar->Create(hwnd(), kAddressBarId)) addressBar_ = std::move(bar);
-        if (addressBar_) {
-            addressBar_->SetActive(inUse_);
-            if (active_ && active_->Current()) addressBar_->SetPath(active_->Current());
-        }
+        addressBar_ = MakeAddressBar(hwnd(), kAddressBarId, [this] { return this; });
+        if (addressBar_) addressBar_->SetActive(inUse_);
     } else {
         addressBar_->SetStyle(Options().adresbar_style);
     }
+    if (addressBar_) ShowLocation(*addressBar_);
     Layout();
 }
 

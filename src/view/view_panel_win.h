@@ -89,6 +89,7 @@ public:
     void SetInUse(bool inUse);  // the T-View in use: its address bar is highlighted
     // Typed text of an address bar: false when it names no folder (the view stays).
     bool NavigateToTyped(const std::wstring& text);
+    void ShowLocation(CAdressBar& bar) const;  // the active tab's folder, when it has one
 
     // The other T-Views, for transfers: the panel of an index from 0, null when there is none.
     using PeerLookup = std::function<CPloder*(int index)>;
@@ -138,6 +139,9 @@ private:
     std::unique_ptr<CAdressBar> addressBar_;
     bool inUse_ = false;
 };
+
+// An address bar whose choices go to the panel `target` names at the moment they are made.
+std::unique_ptr<CAdressBar> MakeAddressBar(HWND parent, int id, std::function<CPloder*()> target);
 
 // Sent to the main frame when a T-View takes the keyboard focus; wParam is its index from 0.
 inline constexpr UINT kMsgViewFocused = WM_APP + 0x130;

@@ -5,6 +5,7 @@
 
 #include <commoncontrols.h>
 #include <shellapi.h>
+#include <shlwapi.h>
 
 namespace tessel::win {
 
@@ -80,6 +81,25 @@ std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl) {
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl) {
     std::wstring text = FileSystemPathOf(pidl);
     return text.empty() ? ParsingNameOf(pidl) : text;
+}
+
+ShellLook LookOf(PCIDLIST_ABSOLUTE pidl) {
+    SHFILEINFOW info{};
+    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(pidl), 0, &info, sizeof(info),
+                   SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
+    return {info.szDisplayName, info.iIcon};
+}
+
+std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child) {
+    STRRET name{};
+    wchar_t text[4098] = {};
+    if (folder && SUCCEEDED(folder->GetDisplayNameOf(child, SHGDN_INFOLDER, &name))) StrRetToBufW(&name, child, text, 4098);
+    return text;
+}
+
+int IconInFolder(IShellFolder* folder, PCUITEMID_CHILD child) {
+    const int icon = folder ? SHMapPIDLToSystemImageListIndex(folder, child, nullptr) : -1;
+    return icon < 0 ? 0 : icon;
 }
 
 HIMAGELIST SystemSmallIcons() {

@@ -28,6 +28,16 @@ std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl);
 // The system's small-icon list, asked for without extracting any icon (asking with a drive's
 // path also loads that drive's icon first: about 50 ms at start under Wine). Not ours to free.
 HIMAGELIST SystemSmallIcons();
+// The shell's display name of a folder or item and its index in the system's small-icon list.
+struct ShellLook {
+    std::wstring name;
+    int icon = 0;
+};
+ShellLook LookOf(PCIDLIST_ABSOLUTE pidl);
+// An item's name in its folder; "" when the folder cannot give it.
+std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child);
+// An item's small-icon index asked of its folder (no bind of its parent); 0 when unknown.
+int IconInFolder(IShellFolder* folder, PCUITEMID_CHILD child);
 // The language-independent verb of a context-menu command, lower case; "" when it has none.
 std::string VerbOf(IContextMenu* menu, UINT offset);
 
