@@ -10,6 +10,7 @@
 #include "win/handles_win.h"
 #include "win/shell_item_win.h"
 #include "win/subclass_win.h"
+#include "nav/sub_folder_probe_win.h"
 
 namespace tessel {
 namespace {
@@ -17,37 +18,69 @@ namespace {
 constexpr UINT_PTR kKeyboardTimer = 1;
 constexpr UINT_PTR kMouseTimer = 2;
 
-// At most this many entries are read to find a sub-folder: a folder of 100,000 files would
-// otherwise be read whole (the directories-only search is a hint the file system may ignore).
-constexpr int kSubFolderProbeLimit = 1000;
+// The icons of a plain folder, shared by every folder that has no look of its own.
+struct FolderIcons {
+    int closed = 0;
+    int open = 0;
+};
+const FolderIcons& PlainFolderIcons() {
+    static const FolderIcons icons = [] {
+        FolderIcons made;
+        SHFILEINFOW info{};
+        const UINT flags = SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES;
+        if (SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof(info), flags)) made.closed = info.iIcon;
+        made.open = made.closed;
+        if (SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof(info), flags | SHGFI_OPENICON))
+            made.open = info.iIcon;
+        return made;
+    }();
+    return icons;
+}
 
-// A local directory with at least one sub-folder; stops at the first, and answers yes when the
-// limit is reached first (the button stays, opening the folder tells).
-bool HasSubFolder(const std::wstring& path) {
+// A directory can have a look of its own only when it is marked read-only or system (that is
+// when its desktop.ini counts); asking the shell for the icon of any other reads the folder,
+// about 150 ms for one of 100,000 files under Wine.
+bool IsPlainDirectory(IShellFolder* parent, PCUITEMID_CHILD child) {
     WIN32_FIND_DATAW data{};
-    HANDLE find = FindFirstFileExW((path + L"\\*").c_str(), FindExInfoBasic, &data, FindExSearchLimitToDirectories,
-                                   nullptr, 0);
-    if (find == INVALID_HANDLE_VALUE) return false;
-    bool found = false;
-    int read = 0;
-    do {
-        const bool dots = data.cFileName[0] == L'.' &&
-                          (data.cFileName[1] == 0 || (data.cFileName[1] == L'.' && data.cFileName[2] == 0));
-        found = ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !dots) || ++read >= kSubFolderProbeLimit;
-    } while (!found && FindNextFileW(find, &data));
-    FindClose(find);
-    return found;
+    if (FAILED(SHGetDataFromIDListW(parent, child, SHGDFIL_FINDDATA, &data, sizeof(data)))) return false;
+    const DWORD own = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_REPARSE_POINT;
+    return (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !(data.dwFileAttributes & own);
 }
 
 }  // namespace
 
 CShellTree2::~CShellTree2() {
+    probe_.reset();  // no answers after this
     if (tree_ && IsWindow(tree_)) win::Unsubclass(tree_);
 }
 
-PCIDLIST_ABSOLUTE CShellTree2::FolderOf(HWND tree, HTREEITEM item) {
+// What the tree keeps of each item; owned by the item and freed when it is deleted.
+struct CShellTree2::ItemData {
+    win::UniquePidl folder;
+    std::wstring path;  // known when the item was made from its folder's enumeration
+};
+
+CShellTree2::ItemData* CShellTree2::DataOf(HWND tree, HTREEITEM item) {
     TVITEMW data{TVIF_PARAM, item};
-    return item && TreeView_GetItem(tree, &data) ? reinterpret_cast<PCIDLIST_ABSOLUTE>(data.lParam) : nullptr;
+    return item && TreeView_GetItem(tree, &data) ? reinterpret_cast<ItemData*>(data.lParam) : nullptr;
+}
+
+// Names start at the tree's left edge unless the selected one would then be cut off: a narrow
+// tree following a deep folder shows the end of the path. The thumb's position is sent, not
+// SB_LEFT, which Wine's tree ignores.
+void CShellTree2::ShowSelection() {
+    HTREEITEM selected = tree_ ? TreeView_GetSelection(tree_) : nullptr;
+    if (selected) TreeView_EnsureVisible(tree_, selected);
+    RECT text{}, client{};
+    GetClientRect(tree_, &client);
+    const bool fits = !selected || !TreeView_GetItemRect(tree_, selected, &text, TRUE) ||
+                      text.right + GetScrollPos(tree_, SB_HORZ) <= client.right;
+    if (fits) SendMessageW(tree_, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 0), 0);
+}
+
+PCIDLIST_ABSOLUTE CShellTree2::FolderOf(HWND tree, HTREEITEM item) {
+    const ItemData* data = DataOf(tree, item);
+    return data ? data->folder.get() : nullptr;
 }
 
 void CShellTree2::Attach(HWND tree, Chosen chosen) {
@@ -78,65 +111,103 @@ void CShellTree2::ApplyOptions() {
 void CShellTree2::EnsureFilled() {
     if (!tree_ || TreeView_GetRoot(tree_)) return;
     PIDLIST_ABSOLUTE desktop = nullptr;
-    if (SUCCEEDED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) {
-        HTREEITEM root = Add(TVI_ROOT, desktop, nullptr);
-        TreeView_Expand(tree_, root, TVE_EXPAND);
+    if (FAILED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) return;
+    RedrawHold hold(tree_);
+    HTREEITEM root = Add(TVI_ROOT, win::UniquePidl(desktop), nullptr);
+    if (root) {
+        Expand(root, win::DesktopFolder());
+        ShowOpen(root);
     }
+}
+
+// Opened by its state: an expand message makes the tree size and scroll itself, 20-40 ms a
+// level under Wine; the hold's end lays the tree out once.
+void CShellTree2::ShowOpen(HTREEITEM item) {
+    TreeView_SetItemState(tree_, item, TVIS_EXPANDED, TVIS_EXPANDED);
+}
+
+CShellTree2::RedrawHold::RedrawHold(HWND tree) : tree_(tree) {
+    if (tree_) SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
+}
+
+CShellTree2::RedrawHold::~RedrawHold() {
+    if (tree_) SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
 }
 
 // Names and icons come from the folder being opened, which is bound once for all its items
 // (asking the shell about each item on its own binds its parent again every time); expand
 // buttons are asked for when an item is first drawn.
-HTREEITEM CShellTree2::Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder, IShellFolder* parentFolder) {
-    PCUITEMID_CHILD child = ILFindLastID(folder);
-    win::ShellLook look = parentFolder && !ILIsEmpty(folder)
-                              ? win::ShellLook{win::NameInFolder(parentFolder, child), win::IconInFolder(parentFolder, child)}
-                              : win::LookOf(folder);
+HTREEITEM CShellTree2::Add(HTREEITEM parent, win::UniquePidl folder, IShellFolder* parentFolder) {
+    auto data = std::make_unique<ItemData>();
+    PCUITEMID_CHILD child = ILFindLastID(folder.get());
+    win::ShellLook look;
+    int openIcon = -1;
+    if (!parentFolder || ILIsEmpty(folder.get())) {
+        look = win::LookOf(folder.get());
+    } else if (IsPlainDirectory(parentFolder, child)) {
+        look = {win::NameInFolder(parentFolder, child), PlainFolderIcons().closed};
+        openIcon = PlainFolderIcons().open;
+        data->path = win::NameInFolder(parentFolder, child, SHGDN_FORPARSING);
+    } else {
+        look = {win::NameInFolder(parentFolder, child), win::IconInFolder(parentFolder, child)};
+    }
     TVINSERTSTRUCTW insert{};
     insert.hParent = parent;
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
     insert.item.pszText = look.name.data();
-    insert.item.iImage = insert.item.iSelectedImage = look.icon;
+    insert.item.iImage = look.icon;
+    insert.item.iSelectedImage = openIcon >= 0 ? openIcon : look.icon;
     insert.item.cChildren = parent == TVI_ROOT ? 1 : I_CHILDRENCALLBACK;
-    insert.item.lParam = reinterpret_cast<LPARAM>(folder);  // freed when the item is deleted
+    data->folder = std::move(folder);
+    insert.item.lParam = reinterpret_cast<LPARAM>(data.get());
     HTREEITEM item = TreeView_InsertItem(tree_, &insert);
-    if (!item) CoTaskMemFree(folder);
+    if (item) data.release();  // the item's now: freed when it is deleted
     return item;
 }
 
-void CShellTree2::DescribeItem(NMTVDISPINFOW& info) const {
+void CShellTree2::DescribeItem(NMTVDISPINFOW& info) {
     if (!(info.item.mask & TVIF_CHILDREN)) return;
-    info.item.cChildren = ChildrenOf(reinterpret_cast<PCIDLIST_ABSOLUTE>(info.item.lParam));
+    info.item.cChildren = ChildrenOf(info.item.hItem, *reinterpret_cast<const ItemData*>(info.item.lParam));
     info.item.mask |= TVIF_DI_SETITEM;  // asked once per item
 }
 
 // Decided from the item's path where it has one: binding the parent of a deep folder costs a
-// bind per level, and the tree asks this for every item it draws.
-int CShellTree2::ChildrenOf(PCIDLIST_ABSOLUTE folder) const {
-    const std::wstring path = win::FileSystemPathOf(folder);
-    TreeItemFacts facts{true, false, path};
+// bind per level, and the tree asks this for every item it draws. Whether a local folder has
+// sub-folders is found out by the probe; the button shows until it answers no.
+int CShellTree2::ChildrenOf(HTREEITEM item, const ItemData& data) {
+    std::wstring path = data.path.empty() ? win::FileSystemPathOf(data.folder.get()) : data.path;
+    TreeItemFacts facts{true, false, path, true};
     if (!path.empty()) {
-        const bool network = path.size() >= 2 && path[0] == L'\\' && path[1] == L'\\';
         const bool driveRoot = path.size() <= 3 && path.size() >= 2 && path[1] == L':';
         facts.removable = driveRoot && GetDriveTypeW((path.substr(0, 2) + L"\\").c_str()) == DRIVE_REMOVABLE;
-        if (!facts.removable && !network && options_.auto_chk_subdir) {
-            const DWORD kind = GetFileAttributesW(path.c_str());
-            facts.pathIsDirectory = kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY);
-        }
     }
     switch (TreeChildren(facts, options_)) {
     case ChildrenAnswer::kNone: return 0;
     case ChildrenAnswer::kSome: return 1;
-    case ChildrenAnswer::kAskForSubFolders: return HasSubFolder(path) ? 1 : 0;
+    case ChildrenAnswer::kAskForSubFolders: break;
     }
+    if (!probe_) probe_ = std::make_unique<SubFolderProbe>(tree_);
+    const uint64_t ticket = ++lastTicket_;
+    asked_[item] = ticket;
+    probe_->Ask(ticket, reinterpret_cast<LPARAM>(item), std::move(path));
     return 1;
 }
 
-void CShellTree2::Expand(HTREEITEM item) {
+void CShellTree2::TakeAnswer(WPARAM answer, LPARAM tag) {
+    auto item = reinterpret_cast<HTREEITEM>(tag);
+    const auto asked = asked_.find(item);
+    if (asked == asked_.end() || asked->second != answer >> 1) return;  // the item went meanwhile
+    asked_.erase(asked);
+    if (answer & 1) return;
+    TVITEMW none{TVIF_CHILDREN, item};
+    TreeView_SetItem(tree_, &none);
+}
+
+void CShellTree2::Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder) {
     if (TreeView_GetChild(tree_, item)) return;  // read already
     PCIDLIST_ABSOLUTE parent = FolderOf(tree_, item);
-    win::ComPtr<IShellFolder> folder = win::BindFolder(parent);
+    if (!folder) folder = win::BindFolder(parent);
     win::ComPtr<IEnumIDList> children;
     const SHCONTF flags = SHCONTF_FOLDERS | (listing_.browsableItems ? SHCONTF_NONFOLDERS : 0) |
                           (listing_.hidden ? SHCONTF_INCLUDEHIDDEN : 0);
@@ -151,7 +222,7 @@ void CShellTree2::Expand(HTREEITEM item) {
                                    (SUCCEEDED(folder->GetAttributesOf(1, &one, &attributes)) &&
                                     (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)));
             if (browsable)
-                if (PIDLIST_ABSOLUTE full = ILCombine(parent, child)) added += Add(item, full, folder.get()) != nullptr;
+                if (win::UniquePidl full{ILCombine(parent, child)}) added += Add(item, std::move(full), folder.get()) != nullptr;
             CoTaskMemFree(child);
         }
     }
@@ -161,34 +232,57 @@ void CShellTree2::Expand(HTREEITEM item) {
     }
 }
 
-bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
-    if (!tree_ || !folder) return false;
+// The child of `item` that is `folder`, compared byte for byte first: a parsed list may carry
+// other bytes than the enumerated one for the same item.
+HTREEITEM CShellTree2::ChildFor(HTREEITEM item, PCIDLIST_ABSOLUTE folder) const {
+    for (HTREEITEM child = TreeView_GetChild(tree_, item); child; child = TreeView_GetNextSibling(tree_, child))
+        if (win::IdenticalPidl(FolderOf(tree_, child), folder)) return child;
+    for (HTREEITEM child = TreeView_GetChild(tree_, item); child; child = TreeView_GetNextSibling(tree_, child))
+        if (win::SamePidl(FolderOf(tree_, child), folder)) return child;
+    return nullptr;
+}
+
+// Each level is bound from the one above (binding a deep folder from the desktop costs a bind
+// per level) and opened by its state: an expand message makes the tree size and scroll itself
+// at every level, 20-40 ms each under Wine.
+HTREEITEM CShellTree2::WalkTo(PCIDLIST_ABSOLUTE folder) {
+    RedrawHold hold(tree_);
     EnsureFilled();
-    // One repaint for the whole walk: the tree redraws and sizes itself at every opened level.
-    SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
     HTREEITEM item = TreeView_GetRoot(tree_);
+    win::ComPtr<IShellFolder> bound = win::DesktopFolder();
     UINT depth = 0;
     for (PCUIDLIST_RELATIVE id = folder; id && id->mkid.cb; id = ILNext(id)) ++depth;
     // The prefixes of the folder, shortest first: the item of each is a child of the one before.
     for (UINT level = 1; item && level <= depth; ++level) {
         win::UniquePidl prefix = win::ClonePidl(folder);
         for (UINT cut = depth; cut > level; --cut) ILRemoveLastID(prefix.get());
-        Expand(item);
-        HTREEITEM found = nullptr;
-        for (HTREEITEM child = TreeView_GetChild(tree_, item); child && !found; child = TreeView_GetNextSibling(tree_, child))
-            if (win::IdenticalPidl(FolderOf(tree_, child), prefix.get())) found = child;
-        // A parsed list may carry other bytes than the enumerated one for the same item.
-        for (HTREEITEM child = TreeView_GetChild(tree_, item); child && !found; child = TreeView_GetNextSibling(tree_, child))
-            if (win::SamePidl(FolderOf(tree_, child), prefix.get())) found = child;
-        if (found) TreeView_Expand(tree_, item, TVE_EXPAND);
+        Expand(item, bound);
+        HTREEITEM found = ChildFor(item, prefix.get());
+        if (found) {
+            ShowOpen(item);
+            win::ComPtr<IShellFolder> next;
+            if (bound && level < depth &&
+                FAILED(bound->BindToObject(ILFindLastID(FolderOf(tree_, found)), nullptr, IID_IShellFolder,
+                                           next.put_void())))
+                next.reset();
+            bound = next;  // null: the next level binds from the desktop
+        }
         item = found;
     }
-    if (item) {
-        TreeView_SelectItem(tree_, item);  // a selection by the program: no navigation
-        TreeView_EnsureVisible(tree_, item);
-    }
-    SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
-    SendMessageW(tree_, WM_HSCROLL, SB_LEFT, 0);  // names of a narrow tree start at its left edge
+    return item;
+}
+
+// The window counts as hidden for the whole walk (its own redraw switch only holds off the
+// tree's layout): opening levels, selecting and scrolling a shown tree each cost a round trip
+// to the display under Wine, about 100 ms for a walk 20 levels deep. It is drawn once at the end.
+bool CShellTree2::SyncTo(PCIDLIST_ABSOLUTE folder) {
+    if (!tree_ || !folder) return false;
+    const bool shown = GetWindowLongW(tree_, GWL_STYLE) & WS_VISIBLE;
+    if (shown) DefWindowProcW(tree_, WM_SETREDRAW, FALSE, 0);
+    HTREEITEM item = WalkTo(folder);
+    if (item) TreeView_SelectItem(tree_, item);  // a selection by the program: no navigation
+    ShowSelection();
+    if (shown) DefWindowProcW(tree_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(tree_, nullptr, TRUE);
     return item != nullptr;
 }
@@ -215,6 +309,10 @@ LRESULT CShellTree2::TreeProc(HWND tree, UINT message, WPARAM wParam, LPARAM lPa
         self->Choose(wParam == kMouseTimer);
         return 0;
     }
+    if (message == kMsgSubFolderAnswer) {
+        self->TakeAnswer(wParam, lParam);
+        return 0;
+    }
     if (message == WM_NCDESTROY) {
         KillTimer(tree, kKeyboardTimer);
         KillTimer(tree, kMouseTimer);
@@ -233,7 +331,8 @@ bool CShellTree2::OnNotify(NMHDR* header) {
         DescribeItem(*reinterpret_cast<NMTVDISPINFOW*>(header));
         break;
     case TVN_DELETEITEMW:
-        CoTaskMemFree(reinterpret_cast<void*>(view->itemOld.lParam));
+        asked_.erase(view->itemOld.hItem);
+        delete reinterpret_cast<ItemData*>(view->itemOld.lParam);
         break;
     case TVN_SELCHANGEDW:
         // Only the user's choice navigates, and walking with the keys only once they rest.

@@ -7,9 +7,15 @@
 #include <commctrl.h>
 #include <shlobj.h>
 
+#include <cstdint>
 #include <functional>
+#include <memory>
+#include <unordered_map>
 
+#include "nav/sub_folder_probe_win.h"
 #include "nav/tree_rules.h"
+#include "win/com_ptr_win.h"
+#include "win/handles_win.h"
 
 namespace tessel {
 
@@ -35,13 +41,33 @@ public:
     HWND hwnd() const { return tree_; }
     int ChildCount(HTREEITEM item) const;  // of an opened item
     static PCIDLIST_ABSOLUTE FolderOf(HWND tree, HTREEITEM item);
+    // Brings the selected folder into view, its name whole where the width allows.
+    void ShowSelection();
 
 private:
-    // Takes the list over; its name and icon are asked of the parent folder (null: of the shell).
-    HTREEITEM Add(HTREEITEM parent, PIDLIST_ABSOLUTE folder, IShellFolder* parentFolder);
-    void Expand(HTREEITEM item);
-    int ChildrenOf(PCIDLIST_ABSOLUTE folder) const;
-    void DescribeItem(NMTVDISPINFOW& info) const;  // what the tree asks when it draws an item  // 1 or 0, as the expand button shows
+    struct ItemData;
+    static ItemData* DataOf(HWND tree, HTREEITEM item);
+    // Its name and icon are asked of the parent folder (null: of the shell).
+    HTREEITEM Add(HTREEITEM parent, win::UniquePidl folder, IShellFolder* parentFolder);
+    // Reads the item's level once; `folder` is the item's folder when already bound.
+    void Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder = {});
+    void ShowOpen(HTREEITEM item);
+    HTREEITEM WalkTo(PCIDLIST_ABSOLUTE folder);  // opens the levels down to the folder's item
+    // Drawing and layout held off from its making to its end.
+    class RedrawHold {
+    public:
+        explicit RedrawHold(HWND tree);
+        ~RedrawHold();
+        RedrawHold(const RedrawHold&) = delete;
+        RedrawHold& operator=(const RedrawHold&) = delete;
+
+    private:
+        HWND tree_;
+    };
+    HTREEITEM ChildFor(HTREEITEM item, PCIDLIST_ABSOLUTE folder) const;
+    int ChildrenOf(HTREEITEM item, const ItemData& data);  // 1 or 0, as the expand button shows
+    void DescribeItem(NMTVDISPINFOW& info);  // what the tree asks when it draws an item
+    void TakeAnswer(WPARAM answer, LPARAM tag);  // the probe's answer for an item
     void Choose(bool byMouse);
     static LRESULT TreeProc(HWND, UINT, WPARAM, LPARAM, void* data);
 
@@ -49,6 +75,9 @@ private:
     Chosen chosen_;
     TreeOptions options_;
     TreeListing listing_;
+    std::unordered_map<HTREEITEM, uint64_t> asked_;  // items waiting for the probe, by ticket
+    uint64_t lastTicket_ = 0;
+    std::unique_ptr<SubFolderProbe> probe_;  // made at the first question
 };
 
 }  // namespace tessel

@@ -367,7 +367,7 @@ void CPloder::Layout() {
         const int split = treeSplit_ >= 1 && treeSplit_ <= 9000 ? treeSplit_ : 2500;
         const int treeWidth = std::max<int>(win::Scaled(hwnd(), 120), static_cast<int>(int64_t{client.right} * split / 10000));
         SetWindowPos(tree_, nullptr, 0, top, treeWidth, bottom - top, SWP_NOZORDER);
-        SendMessageW(tree_, WM_HSCROLL, SB_LEFT, 0);  // a narrow tree shows the start of its names
+        folderTree_.ShowSelection();
         SetWindowPos(treeEdge_, nullptr, treeWidth, top, pad, bottom - top, SWP_NOZORDER);
         left = treeWidth + pad;
     }

@@ -90,10 +90,10 @@ ShellLook LookOf(PCIDLIST_ABSOLUTE pidl) {
     return {info.szDisplayName, info.iIcon};
 }
 
-std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child) {
+std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child, SHGDNF form) {
     STRRET name{};
     wchar_t text[4098] = {};
-    if (folder && SUCCEEDED(folder->GetDisplayNameOf(child, SHGDN_INFOLDER, &name))) StrRetToBufW(&name, child, text, 4098);
+    if (folder && SUCCEEDED(folder->GetDisplayNameOf(child, form, &name))) StrRetToBufW(&name, child, text, 4098);
     return text;
 }
 

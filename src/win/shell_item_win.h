@@ -35,7 +35,7 @@ struct ShellLook {
 };
 ShellLook LookOf(PCIDLIST_ABSOLUTE pidl);
 // An item's name in its folder; "" when the folder cannot give it.
-std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child);
+std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child, SHGDNF form = SHGDN_INFOLDER);
 // An item's small-icon index asked of its folder (no bind of its parent); 0 when unknown.
 int IconInFolder(IShellFolder* folder, PCUITEMID_CHILD child);
 // The language-independent verb of a context-menu command, lower case; "" when it has none.

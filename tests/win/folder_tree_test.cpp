@@ -63,13 +63,17 @@ TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
         << "the tree walked down to the view's folder";
     EXPECT_EQ(LowerCase(panel.Active()->CurrentPath()), LowerCase(deep)) << "and did not navigate";
 
-    // The deepest folder has no sub-folder, its parent has one, and so does the base folder.
-    TVITEMW item{TVIF_CHILDREN, selected};
-    TreeView_GetItem(tree, &item);
-    EXPECT_EQ(item.cChildren, 0);
-    item.hItem = TreeView_GetParent(tree, selected);
-    TreeView_GetItem(tree, &item);
-    EXPECT_EQ(item.cChildren, 1);
+    // The deepest folder has no sub-folder, its parent has one: the buttons are decided when
+    // drawn, by a look into each folder off the GUI thread.
+    auto children = [&](HTREEITEM of) {
+        TVITEMW item{TVIF_CHILDREN, of};
+        TreeView_GetItem(tree, &item);
+        return item.cChildren;
+    };
+    UpdateWindow(tree);
+    EXPECT_TRUE(PumpUntil([&] { return children(selected) == 0; }, 3000)) << "the button goes once the answer is in";
+    Pump(100);
+    EXPECT_EQ(children(TreeView_GetParent(tree, selected)), 1);
 }
 
 }  // namespace
