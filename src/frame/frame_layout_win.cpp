@@ -51,6 +51,7 @@ void CMainFrame::SetTreeMode(int mode, bool reloadViews) {
     if (reloadViews)
         for (auto& panel : panels_) panel->ReloadTreeState();  // each T-View looks at its own tree again
     Layout();
+    ShowFocusedLocation();
 }
 
 void CMainFrame::FocusView(int number) {

@@ -267,8 +267,13 @@ void CMainFrame::ApplyFrameAddressBar() {
     Layout();
 }
 
+// The frame's address bar and its tree follow the T-View in use.
 void CMainFrame::ShowFocusedLocation() {
-    if (addressBar_ && focusedView_ >= 1 && focusedView_ <= kViewCount) Panel(focusedView_).ShowLocation(*addressBar_);
+    if (focusedView_ < 1 || focusedView_ > kViewCount || !panels_[focusedView_ - 1]) return;
+    CPloder& panel = Panel(focusedView_);
+    if (addressBar_) panel.ShowLocation(*addressBar_);
+    if (treeMode_ == 1 && Options().tree_auto_sel && panel.Active() && panel.Active()->Current())
+        frameTree_.SyncTo(panel.Active()->Current());
 }
 
 // The address bar options: each command sets its value, applies it to the four T-Views and

@@ -105,7 +105,7 @@ private:
     CShellTree2 frameTree_;
     std::unique_ptr<CAdressBar> addressBar_;
     void ApplyFrameAddressBar();
-    void ShowFocusedLocation();  // the frame's address bar follows the T-View in use
+    void ShowFocusedLocation();  // the frame's address bar and tree follow the T-View in use
     RectI treeBar_{};  // the bar between the frame-wide tree and the T-Views
     RectI treeArea_{};
     bool sharedTree_ = false;

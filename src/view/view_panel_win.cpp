@@ -248,7 +248,7 @@ void CPloder::BrowserNavigated(CMyShellBrowser& browser) {
     std::swprintf(title, 64, GetText(IDS_VIEW_NUMBER).c_str(), viewIndex_ + 1);
     SetWindowTextW(location_, (std::wstring(title) + L":  " + name).c_str());
     if (addressBar_) addressBar_->SetPath(browser.Current());
-    if (Options().address_bar_mod == 1) SendMessageW(GetParent(hwnd()), kMsgViewNavigated, viewIndex_, 0);
+    SendMessageW(GetParent(hwnd()), kMsgViewNavigated, viewIndex_, 0);  // the frame's bar and tree follow
     if (showTree_ == 1 && Options().tree_auto_sel) folderTree_.SyncTo(browser.Current());
     HistoryChanged(browser);
 }

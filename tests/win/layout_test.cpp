@@ -1,6 +1,7 @@
 // The twelve layouts and the T-View focus keys, in the real program.
 #include <windows.h>
 #include <commctrl.h>
+#include <shlobj.h>
 
 #include <gtest/gtest.h>
 
@@ -20,6 +21,17 @@ protected:
         WriteBytes(folder_ / L"Tessel.ini", "\xFF\xFE");
     }
     HWND View(TesselProcess& tessel, int number) { return GetDlgItem(tessel.Frame(), 1000 + number); }
+    // Keys go to the foreground window: wait until the frame is it and has given a view the focus.
+    static void BringToFront(TesselProcess& tessel) {
+        const DWORD until = GetTickCount() + 3000;
+        GUITHREADINFO gui{sizeof(gui)};
+        do {
+            SetForegroundWindow(tessel.Frame());
+            Sleep(50);
+        } while ((GetForegroundWindow() != tessel.Frame() ||
+                  !GetGUIThreadInfo(GetWindowThreadProcessId(tessel.Frame(), nullptr), &gui) || !gui.hwndFocus) &&
+                 GetTickCount() < until);
+    }
     RECT Place(TesselProcess& tessel, int number) {
         RECT r;
         GetWindowRect(View(tessel, number), &r);
@@ -61,22 +73,26 @@ TEST_F(Layouts, EachCommandShowsItsViewsAndBackToFourKeepsTheFolders) {
 TEST_F(Layouts, KeysReachLayoutsAndViews) {
     TesselProcess tessel(exe_, L"");
     ASSERT_TRUE(tessel.WaitForWindow());
-    SetForegroundWindow(tessel.Frame());
-    auto press = [&](std::initializer_list<WORD> keys) {
+    BringToFront(tessel);
+    // The keys, then up to 3 s for what they should bring (the first keys after a cold start of
+    // Wine's server take their time).
+    auto press = [&](std::initializer_list<WORD> keys, auto brought) {
         std::vector<INPUT> inputs;
         for (WORD key : keys) inputs.push_back({INPUT_KEYBOARD, {.ki = {key, 0, 0, 0, 0}}});
         for (auto it = keys.end(); it != keys.begin();) inputs.push_back({INPUT_KEYBOARD, {.ki = {*--it, 0, KEYEVENTF_KEYUP, 0, 0}}});
         SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
-        Sleep(300);
+        const DWORD until = GetTickCount() + 3000;
+        while (!brought() && GetTickCount() < until) Sleep(50);
+        return brought();
     };
-    press({VK_CONTROL, VK_MENU, VK_OEM_PLUS});  // the single view
-    EXPECT_FALSE(IsWindowVisible(View(tessel, 2)));
-    press({VK_CONTROL, VK_MENU, '1'});
-    EXPECT_TRUE(IsWindowVisible(View(tessel, 4)));
-    press({VK_CONTROL, '3'});
+    EXPECT_TRUE(press({VK_CONTROL, VK_MENU, VK_OEM_PLUS}, [&] { return !IsWindowVisible(View(tessel, 2)); }))
+        << "the single view";
+    EXPECT_TRUE(press({VK_CONTROL, VK_MENU, '1'}, [&] { return IsWindowVisible(View(tessel, 4)) != FALSE; }));
     GUITHREADINFO gui{sizeof(gui)};
-    GetGUIThreadInfo(GetWindowThreadProcessId(tessel.Frame(), nullptr), &gui);
-    EXPECT_TRUE(gui.hwndFocus && IsChild(View(tessel, 3), gui.hwndFocus)) << "Ctrl+3 puts the focus into T-View 3";
+    EXPECT_TRUE(press({VK_CONTROL, '3'}, [&] {
+        return GetGUIThreadInfo(GetWindowThreadProcessId(tessel.Frame(), nullptr), &gui) && gui.hwndFocus &&
+               IsChild(View(tessel, 3), gui.hwndFocus);
+    })) << "Ctrl+3 puts the focus into T-View 3";
     EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 
@@ -105,6 +121,35 @@ TEST_F(Layouts, TreeModeOneShowsTheFrameWideTreeBesideTheViews) {
     EXPECT_EQ(tessel.CloseAndWait(), 0);
     EXPECT_NE(ReadBytes(folder_ / L"Tessel.ini").find(std::string("t\0r\0e\0e\0_\0m\0o\0d\0e\0=\0002", 21)),
               std::string::npos) << "the mode is kept";
+}
+
+// The frame-wide tree walks to the folder of the T-View in use, and follows when another takes
+// the focus. Depth of the selected item: the desktop is 1.
+TEST_F(Layouts, TheFrameWideTreeFollowsTheViewInUse) {
+    TesselProcess tessel(exe_, L"\"" + folder_.path() + L"\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    HWND tree = GetDlgItem(tessel.Frame(), IDC_FRAME_TREE);
+    auto selectedDepth = [&] {
+        int depth = 0;
+        for (auto item = TreeView_GetSelection(tree); item; item = TreeView_GetParent(tree, item)) ++depth;
+        return depth;
+    };
+    PIDLIST_ABSOLUTE folder = nullptr;
+    ASSERT_EQ(SHParseDisplayName(folder_.path().c_str(), nullptr, &folder, 0, nullptr), S_OK);
+    int levels = 1;
+    for (PCUIDLIST_RELATIVE id = folder; id->mkid.cb; id = ILNext(id)) ++levels;
+    CoTaskMemFree(folder);
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_TREE_MODE_0 + 1, 0);
+    EXPECT_EQ(selectedDepth(), levels) << "T-View 1 shows the folder";
+    BringToFront(tessel);
+    INPUT keys[4] = {{INPUT_KEYBOARD, {.ki = {VK_CONTROL, 0, 0, 0, 0}}}, {INPUT_KEYBOARD, {.ki = {'2', 0, 0, 0, 0}}},
+                     {INPUT_KEYBOARD, {.ki = {'2', 0, KEYEVENTF_KEYUP, 0, 0}}},
+                     {INPUT_KEYBOARD, {.ki = {VK_CONTROL, 0, KEYEVENTF_KEYUP, 0, 0}}}};
+    SendInput(4, keys, sizeof(INPUT));
+    const DWORD until = GetTickCount() + 3000;
+    while (selectedDepth() != 2 && GetTickCount() < until) Sleep(50);
+    EXPECT_EQ(selectedDepth(), 2) << "T-View 2 shows My Computer, just below the desktop";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 
 // The tree mode kept in "Start" counts only for start modes other than the last state, which
