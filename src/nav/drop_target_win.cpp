@@ -104,6 +104,22 @@ std::wstring CIDropTargetPlus::DropTextOf(IDataObject* data) {
     return file;
 }
 
+std::vector<std::wstring> CIDropTargetPlus::DroppedFilesOf(IDataObject* data) {
+    FORMATETC wanted{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+    STGMEDIUM medium{};
+    std::vector<std::wstring> files;
+    if (!data || FAILED(data->GetData(&wanted, &medium))) return files;
+    auto drop = static_cast<HDROP>(medium.hGlobal);
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring name(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        name.resize(DragQueryFileW(drop, i, name.data(), static_cast<UINT>(name.size())));
+        if (!name.empty()) files.push_back(std::move(name));
+    }
+    ReleaseStgMedium(&medium);
+    return files;
+}
+
 STDMETHODIMP CIDropSource::QueryInterface(REFIID riid, void** object) {
     if (!object) return E_POINTER;
     *object = riid == IID_IUnknown || riid == IID_IDropSource ? static_cast<IDropSource*>(this) : nullptr;

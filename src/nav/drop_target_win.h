@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <string>
+#include <vector>
 
 #include "win/com_ptr_win.h"
 
@@ -32,6 +33,8 @@ public:
     // The text a data object stands for: the first file (a ".url" file's address instead of its
     // path), or the text it offers.
     static std::wstring DropTextOf(IDataObject* data);
+    // Every file of a file drop, in order; empty when the data offers none.
+    static std::vector<std::wstring> DroppedFilesOf(IDataObject* data);
 
 protected:
     virtual ~CIDropTargetPlus() { --live; }

@@ -10,7 +10,9 @@
 #include "win/handles_win.h"
 #include "win/shell_item_win.h"
 #include "win/subclass_win.h"
+#include "nav/folder_tree_drop_win.h"
 #include "nav/sub_folder_probe_win.h"
+#include "nav/tab_label.h"
 
 namespace tessel {
 namespace {
@@ -51,7 +53,17 @@ bool IsPlainDirectory(IShellFolder* parent, PCUITEMID_CHILD child) {
 
 CShellTree2::~CShellTree2() {
     probe_.reset();  // no answers after this
-    if (tree_ && IsWindow(tree_)) win::Unsubclass(tree_);
+    if (tree_ && IsWindow(tree_)) {
+        StopDrops();
+        win::Unsubclass(tree_);
+    }
+}
+
+void CShellTree2::StopDrops() {
+    if (!dropTarget_) return;
+    RevokeDragDrop(tree_);
+    dropTarget_->Detach();
+    dropTarget_.reset();
 }
 
 // What the tree keeps of each item; owned by the item and freed when it is deleted.
@@ -108,8 +120,14 @@ void CShellTree2::ApplyOptions() {
     SendMessageW(tree_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
+// A tree becomes a drop target when first shown: most trees of a start never are.
 void CShellTree2::EnsureFilled() {
-    if (!tree_ || TreeView_GetRoot(tree_)) return;
+    if (!tree_) return;
+    if (!dropTarget_) {
+        *dropTarget_.put() = new CShellTreeDropTarget(tree_, HoverDelayMs(Options().tree_hover_time));
+        if (FAILED(RegisterDragDrop(tree_, dropTarget_.get()))) dropTarget_.reset();
+    }
+    if (TreeView_GetRoot(tree_)) return;
     PIDLIST_ABSOLUTE desktop = nullptr;
     if (FAILED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) return;
     RedrawHold hold(tree_);
@@ -314,6 +332,7 @@ LRESULT CShellTree2::TreeProc(HWND tree, UINT message, WPARAM wParam, LPARAM lPa
         return 0;
     }
     if (message == WM_NCDESTROY) {
+        self->StopDrops();
         KillTimer(tree, kKeyboardTimer);
         KillTimer(tree, kMouseTimer);
     }

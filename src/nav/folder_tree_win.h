@@ -12,6 +12,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "nav/folder_tree_drop_win.h"
 #include "nav/sub_folder_probe_win.h"
 #include "nav/tree_rules.h"
 #include "win/com_ptr_win.h"
@@ -41,6 +42,7 @@ public:
     HWND hwnd() const { return tree_; }
     int ChildCount(HTREEITEM item) const;  // of an opened item
     static PCIDLIST_ABSOLUTE FolderOf(HWND tree, HTREEITEM item);
+    CShellTreeDropTarget* DropTarget() const { return dropTarget_.get(); }
     // Brings the selected folder into view, its name whole where the width allows.
     void ShowSelection();
 
@@ -69,6 +71,7 @@ private:
     void DescribeItem(NMTVDISPINFOW& info);  // what the tree asks when it draws an item
     void TakeAnswer(WPARAM answer, LPARAM tag);  // the probe's answer for an item
     void Choose(bool byMouse);
+    void StopDrops();
     static LRESULT TreeProc(HWND, UINT, WPARAM, LPARAM, void* data);
 
     HWND tree_ = nullptr;
@@ -78,6 +81,7 @@ private:
     std::unordered_map<HTREEITEM, uint64_t> asked_;  // items waiting for the probe, by ticket
     uint64_t lastTicket_ = 0;
     std::unique_ptr<SubFolderProbe> probe_;  // made at the first question
+    win::ComPtr<CShellTreeDropTarget> dropTarget_;  // registered while the tree lives
 };
 
 }  // namespace tessel

@@ -36,4 +36,18 @@ ChildrenAnswer TreeChildren(const TreeItemFacts& item, const TreeOptions& option
     return item.pathIsDirectory ? ChildrenAnswer::kAskForSubFolders : ChildrenAnswer::kSome;
 }
 
+bool TreeHoverOpens(TreeHover& hover, bool expanded, int x, int y, uint32_t now, unsigned delayMs) {
+    const bool still = hover.seen && hover.x == x && hover.y == y;
+    hover.seen = true;
+    hover.x = x;
+    hover.y = y;
+    if (expanded) {
+        hover.mark = now;
+        return false;
+    }
+    if (!still || now - hover.mark < delayMs) return false;
+    hover.mark = now;
+    return true;
+}
+
 }  // namespace tessel

@@ -46,6 +46,17 @@ enum class ChildrenAnswer { kNone, kSome, kAskForSubFolders };
 // for sub-folders only when the option wants a true answer.
 ChildrenAnswer TreeChildren(const TreeItemFacts& item, const TreeOptions& options);
 
+// A drag resting over a tree item: the state kept from one check to the next.
+struct TreeHover {
+    bool seen = false;  // a check happened since the drag entered
+    int x = 0, y = 0;   // where the cursor was at the last check
+    uint32_t mark = 0;  // ms: when the delay started
+};
+// One check of a drag over an item: true when the item is to be opened now. An open item
+// restarts the delay; a closed one opens once the cursor stood still at two checks in a row
+// and the delay has passed since the mark.
+bool TreeHoverOpens(TreeHover& hover, bool expanded, int x, int y, uint32_t now, unsigned delayMs);
+
 inline constexpr unsigned kTreeKeyboardDelayMs = 700;
 inline constexpr unsigned kTreeMouseDelayMs = 10;
 

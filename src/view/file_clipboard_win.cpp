@@ -93,7 +93,7 @@ bool ReadClipboardFiles(HWND owner, ClipboardFiles& files) {
     return !files.paths.empty();
 }
 
-bool PasteFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder) {
+bool CopyOrMoveFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder) {
     if (files.paths.empty() || targetFolder.empty()) return false;
     const bool move = files.effect & DROPEFFECT_MOVE;
     if (move && SameText(FolderOf(files.paths.front()), targetFolder)) return false;  // nothing to move
@@ -116,9 +116,13 @@ bool PasteFiles(HWND owner, const ClipboardFiles& files, const std::wstring& tar
     }
     const std::wstring to = DoubleNullList(targets);
     operation.pTo = to.c_str();
-    const bool ok = SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+    return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+}
+
+bool PasteFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder) {
+    const bool ok = CopyOrMoveFiles(owner, files, targetFolder);
     // Cut files that arrived are no longer where the clipboard says.
-    if (ok && move && OpenClipboard(owner)) {
+    if (ok && (files.effect & DROPEFFECT_MOVE) && OpenClipboard(owner)) {
         EmptyClipboard();
         CloseClipboard();
     }

@@ -18,6 +18,8 @@ struct ClipboardFiles {
 bool PutFilesOnClipboard(HWND owner, const std::vector<std::wstring>& paths, DWORD effect);
 bool ReadClipboardFiles(HWND owner, ClipboardFiles& files);
 // Copies or moves into the folder. A copy into the folder the files come from gets new names.
+bool CopyOrMoveFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder);
+// The same for what the clipboard held; after a move the clipboard is emptied.
 bool PasteFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder);
 // To the recycle bin unless `permanently`; the shell asks first.
 bool DeleteFiles(HWND owner, const std::vector<std::wstring>& paths, bool permanently);

@@ -86,7 +86,7 @@ TEST(BrowserLeaks, AThousandNavigationsStayFlat) {
     EXPECT_LE(after.privateBytes, before.privateBytes + (16u << 20)) << "views and folders are released";
 }
 
-// Tabs are freed however their T-View goes: its object first (the window follows), or its
+// Tabs and drop targets are freed however their T-View goes: its object first (the window follows), or its
 // window first (as when the main window closes and the objects end later).
 TEST(BrowserLeaks, ViewsClosedWithTabsFreeTheirRecordsAndDropTargets) {
     const int records = TabRecord::live, targets = CIDropTargetPlus::live;
@@ -95,14 +95,15 @@ TEST(BrowserLeaks, ViewsClosedWithTabsFreeTheirRecordsAndDropTargets) {
         TempFolder folder;
         for (int p = 0; p < 2; ++p) {
             ASSERT_TRUE(host.Panel(p).NavigateToText(folder.path()));
+            host.Panel(p).SetTreeState(1, 3000);  // a shown tree takes drops
             host.Panel(p).NewTab();
             host.Panel(p).NewTab();
         }
         EXPECT_EQ(TabRecord::live, records + 6);
-        EXPECT_EQ(CIDropTargetPlus::live, targets + 2);
+        EXPECT_EQ(CIDropTargetPlus::live, targets + 4) << "each T-View's tab strip and folder tree";
         DestroyWindow(host.Panel(1).hwnd());  // the window before the object
         EXPECT_EQ(TabRecord::live, records + 3);
-        EXPECT_EQ(CIDropTargetPlus::live, targets + 1) << "the strip's drop target is revoked";
+        EXPECT_EQ(CIDropTargetPlus::live, targets + 2) << "the strip's and the tree's drop targets are revoked";
     }
     EXPECT_EQ(TabRecord::live, records);
     EXPECT_EQ(CIDropTargetPlus::live, targets);

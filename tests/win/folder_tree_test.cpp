@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "nav/folder_tree_drop_win.h"
 #include "view_host_win.h"
+#include "win/shell_item_win.h"
 
 namespace tessel::testing {
 namespace {
@@ -74,6 +76,81 @@ TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
     EXPECT_TRUE(PumpUntil([&] { return children(selected) == 0; }, 3000)) << "the button goes once the answer is in";
     Pump(100);
     EXPECT_EQ(children(TreeView_GetParent(tree, selected)), 1);
+}
+
+win::ComPtr<IDataObject> FilesData(const std::wstring& path) {
+    win::UniquePidl pidl = win::PidlFromPath(path);
+    win::ComPtr<IShellFolder> parent;
+    PCUITEMID_CHILD last = nullptr;
+    win::ComPtr<IDataObject> data;
+    if (pidl && SUCCEEDED(SHBindToParent(pidl.get(), IID_IShellFolder, parent.put_void(), &last)))
+        parent->GetUIObjectOf(nullptr, 1, &last, IID_IDataObject, nullptr, data.put_void());
+    return data;
+}
+
+POINTL ScreenPointOf(HWND tree, HTREEITEM item) {
+    RECT r{};
+    TreeView_GetItemRect(tree, item, &r, TRUE);
+    POINT p{(r.left + r.right) / 2, (r.top + r.bottom) / 2};
+    ClientToScreen(tree, &p);
+    return {p.x, p.y};
+}
+
+// A drag resting on a closed folder opens it after the delay; files dropped on a folder are
+// copied with Ctrl and moved without keys on the same drive; a folder never goes into itself.
+TEST(FolderTree, DragsOpenFoldersAndDropsCopyOrMoveFilesIntoThem) {
+    ViewHost host(1);
+    TempFolder a, b;
+    CreateDirectoryW((a / L"target").c_str(), nullptr);
+    CreateDirectoryW((a / L"target\\inner").c_str(), nullptr);
+    WriteBytes(b / L"copied.txt", "c");
+    WriteBytes(b / L"moved.txt", "m");
+    CPloder& panel = host.Panel();
+    panel.SetTreeState(1, 3000);
+    ASSERT_TRUE(panel.NavigateToText(a.path()));
+    HWND tree = panel.FolderTree().hwnd();
+    HTREEITEM base = TreeView_GetSelection(tree);
+    ASSERT_NE(base, nullptr);
+    CShellTreeDropTarget* target = panel.FolderTree().DropTarget();
+    ASSERT_NE(target, nullptr) << "the tree is a drop target";
+
+    win::ComPtr<IDataObject> copied = FilesData(b / L"copied.txt");
+    ASSERT_TRUE(copied);
+    const POINTL onBase = ScreenPointOf(tree, base);
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->DragEnter(copied.get(), 0, onBase, &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_MOVE)) << "the same drive: a move";
+    EXPECT_EQ(TreeView_GetItemState(tree, base, TVIS_EXPANDED) & TVIS_EXPANDED, 0u);
+    Sleep(600);  // tree_hover_time 0: half a second
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->DragOver(MK_CONTROL, onBase, &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY)) << "Ctrl copies";
+    EXPECT_NE(TreeView_GetItemState(tree, base, TVIS_EXPANDED) & TVIS_EXPANDED, 0u) << "opened after resting";
+    HTREEITEM folder = TreeView_GetChild(tree, base);
+    ASSERT_NE(folder, nullptr);
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->Drop(copied.get(), MK_CONTROL, ScreenPointOf(tree, folder), &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY));
+    EXPECT_TRUE(FileExists(a / L"target\\copied.txt"));
+    EXPECT_TRUE(FileExists(b / L"copied.txt")) << "a copy keeps the original";
+
+    win::ComPtr<IDataObject> moved = FilesData(b / L"moved.txt");
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->DragEnter(moved.get(), 0, ScreenPointOf(tree, folder), &effect);
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->Drop(moved.get(), 0, ScreenPointOf(tree, folder), &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE)) << "moved here: the source must not delete";
+    EXPECT_TRUE(FileExists(a / L"target\\moved.txt"));
+    EXPECT_FALSE(FileExists(b / L"moved.txt"));
+
+    // The base folder dragged onto its own sub-folder is refused.
+    win::ComPtr<IDataObject> itself = FilesData(a.path());
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    target->DragEnter(itself.get(), 0, ScreenPointOf(tree, folder), &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE));
+    target->Drop(itself.get(), 0, ScreenPointOf(tree, folder), &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE));
+    EXPECT_FALSE(FileExists(a / L"target\\" + a.path().substr(a.path().find_last_of(L'\\') + 1)));
 }
 
 }  // namespace

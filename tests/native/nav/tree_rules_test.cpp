@@ -41,5 +41,26 @@ TEST(TreeRules, ListingAndChildren) {
               ChildrenAnswer::kSome);
 }
 
+// A drag over a closed item opens it once the cursor rested for the delay; an open item and a
+// moving cursor start over.
+TEST(TreeRules, DragHoverOpensAClosedItemAfterTheDelayAtRest) {
+    TreeHover hover{.mark = 1000};  // the drag entered at 1000
+    EXPECT_FALSE(TreeHoverOpens(hover, false, 10, 10, 1000, 500)) << "the first check only looks";
+    EXPECT_FALSE(TreeHoverOpens(hover, false, 10, 10, 1400, 500)) << "the delay counts from the mark";
+    EXPECT_TRUE(TreeHoverOpens(hover, false, 10, 10, 1500, 500));
+    EXPECT_FALSE(TreeHoverOpens(hover, false, 10, 10, 1600, 500)) << "the mark moved to the opening";
+
+    TreeHover moving;
+    TreeHoverOpens(moving, false, 1, 1, 0, 200);
+    EXPECT_FALSE(TreeHoverOpens(moving, false, 2, 1, 5000, 200)) << "the cursor moved since the last check";
+    EXPECT_TRUE(TreeHoverOpens(moving, false, 2, 1, 5001, 200)) << "the delay ran while it moved";
+
+    TreeHover open;
+    TreeHoverOpens(open, true, 5, 5, 0, 200);
+    EXPECT_FALSE(TreeHoverOpens(open, true, 5, 5, 9000, 200)) << "open items are never toggled shut";
+    EXPECT_FALSE(TreeHoverOpens(open, false, 5, 5, 9100, 200)) << "an open item restarted the delay";
+    EXPECT_TRUE(TreeHoverOpens(open, false, 5, 5, 9200, 200));
+}
+
 }  // namespace
 }  // namespace tessel
