@@ -15,16 +15,6 @@
 namespace tessel::testing {
 namespace {
 
-win::ComPtr<IDataObject> DataOf(const std::wstring& path) {
-    win::UniquePidl pidl = win::PidlFromPath(path);
-    win::ComPtr<IShellFolder> parent;
-    PCUITEMID_CHILD last = nullptr;
-    win::ComPtr<IDataObject> data;
-    if (pidl && SUCCEEDED(SHBindToParent(pidl.get(), IID_IShellFolder, parent.put_void(), &last)))
-        parent->GetUIObjectOf(nullptr, 1, &last, IID_IDataObject, nullptr, data.put_void());
-    return data;
-}
-
 TEST(DragDrop, SourceEndsOnEscapeAndOnReleasingEitherButton) {
     win::ComPtr<CIDropSource> source;
     *source.put() = new CIDropSource();
@@ -40,10 +30,10 @@ TEST(DragDrop, AnInternetShortcutDropsItsAddress) {
     TempFolder folder;
     WriteBytes(folder / L"site.url", "[InternetShortcut]\r\nURL=https://example.org/tessel\r\n");
     WriteBytes(folder / L"plain.txt", "x");
-    win::ComPtr<IDataObject> url = DataOf(folder / L"site.url");
+    win::ComPtr<IDataObject> url = ShellDataOf(folder / L"site.url");
     ASSERT_TRUE(url);
     EXPECT_EQ(CIDropTargetPlus::DropTextOf(url.get()), L"https://example.org/tessel");
-    EXPECT_EQ(LowerCase(CIDropTargetPlus::DropTextOf(DataOf(folder / L"plain.txt").get())),
+    EXPECT_EQ(LowerCase(CIDropTargetPlus::DropTextOf(ShellDataOf(folder / L"plain.txt").get())),
               LowerCase(folder / L"plain.txt"));
     EXPECT_EQ(CIDropTargetPlus::DropTextOf(nullptr), L"");
 }
@@ -57,13 +47,13 @@ TEST(DragDrop, FoldersOpenTabsAndTabsMoveBetweenViews) {
     CCBrowserTabView& right = host.Panel(1).Tabs();
 
     // A folder from elsewhere dropped on the strip opens there; a file does not.
-    win::ComPtr<IDataObject> folder = DataOf(c.path());
+    win::ComPtr<IDataObject> folder = ShellDataOf(c.path());
     DWORD effect = DROPEFFECT_COPY;
     left.Control().Drop(folder.get(), 0, {0, 0}, &effect);
     EXPECT_EQ(left.Count(), 2);
     EXPECT_EQ(LowerCase(host.Panel(0).Active()->CurrentPath()), LowerCase(c.path()));
     WriteBytes(c / L"file.txt", "x");
-    left.Control().Drop(DataOf(c / L"file.txt").get(), 0, {0, 0}, &effect);
+    left.Control().Drop(ShellDataOf(c / L"file.txt").get(), 0, {0, 0}, &effect);
     EXPECT_EQ(left.Count(), 2);
 
     // The tab of c moves to the other T-View's strip, in front of its first tab.
@@ -97,13 +87,13 @@ TEST(DragDrop, DropsOnAStripReportWhatWasDone) {
     ASSERT_TRUE(host.Panel().NavigateToText(a.path()));
     CCBrowserTabCtrl& strip = host.Panel().Tabs().Control();
     DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
-    strip.Drop(DataOf(b / L"file.txt").get(), 0, {0, 0}, &effect);
+    strip.Drop(ShellDataOf(b / L"file.txt").get(), 0, {0, 0}, &effect);
     EXPECT_EQ(effect, DWORD(DROPEFFECT_NONE)) << "a file opens nothing";
     effect = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
-    strip.Drop(DataOf(b.path()).get(), 0, {0, 0}, &effect);
+    strip.Drop(ShellDataOf(b.path()).get(), 0, {0, 0}, &effect);
     EXPECT_EQ(effect, DWORD(DROPEFFECT_LINK));
     effect = DROPEFFECT_MOVE;
-    strip.Drop(DataOf(b.path()).get(), 0, {0, 0}, &effect);
+    strip.Drop(ShellDataOf(b.path()).get(), 0, {0, 0}, &effect);
     EXPECT_EQ(effect, DWORD(DROPEFFECT_NONE)) << "a source that only moves is not told it moved";
     EXPECT_EQ(host.Panel().Tabs().Count(), 3);
 }
@@ -123,7 +113,7 @@ TEST(DragDrop, HoverOverATabUsesTheLoadedDelay) {
     SendMessageW(tabs.Strip(), TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
     POINT centre{(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2};
     ClientToScreen(tabs.Strip(), &centre);
-    win::ComPtr<IDataObject> data = DataOf(a.path());
+    win::ComPtr<IDataObject> data = ShellDataOf(a.path());
     DWORD effect = DROPEFFECT_COPY | DROPEFFECT_LINK;
     tabs.Control().DragEnter(data.get(), 0, {centre.x, centre.y}, &effect);
     EXPECT_EQ(tabs.Selected(), 0);

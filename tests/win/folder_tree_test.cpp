@@ -78,16 +78,6 @@ TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
     EXPECT_EQ(children(TreeView_GetParent(tree, selected)), 1);
 }
 
-win::ComPtr<IDataObject> FilesData(const std::wstring& path) {
-    win::UniquePidl pidl = win::PidlFromPath(path);
-    win::ComPtr<IShellFolder> parent;
-    PCUITEMID_CHILD last = nullptr;
-    win::ComPtr<IDataObject> data;
-    if (pidl && SUCCEEDED(SHBindToParent(pidl.get(), IID_IShellFolder, parent.put_void(), &last)))
-        parent->GetUIObjectOf(nullptr, 1, &last, IID_IDataObject, nullptr, data.put_void());
-    return data;
-}
-
 POINTL ScreenPointOf(HWND tree, HTREEITEM item) {
     RECT r{};
     TreeView_GetItemRect(tree, item, &r, TRUE);
@@ -114,7 +104,7 @@ TEST(FolderTree, DragsOpenFoldersAndDropsCopyOrMoveFilesIntoThem) {
     CShellTreeDropTarget* target = panel.FolderTree().DropTarget();
     ASSERT_NE(target, nullptr) << "the tree is a drop target";
 
-    win::ComPtr<IDataObject> copied = FilesData(b / L"copied.txt");
+    win::ComPtr<IDataObject> copied = ShellDataOf(b / L"copied.txt");
     ASSERT_TRUE(copied);
     const POINTL onBase = ScreenPointOf(tree, base);
     DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
@@ -134,7 +124,7 @@ TEST(FolderTree, DragsOpenFoldersAndDropsCopyOrMoveFilesIntoThem) {
     EXPECT_TRUE(FileExists(a / L"target\\copied.txt"));
     EXPECT_TRUE(FileExists(b / L"copied.txt")) << "a copy keeps the original";
 
-    win::ComPtr<IDataObject> moved = FilesData(b / L"moved.txt");
+    win::ComPtr<IDataObject> moved = ShellDataOf(b / L"moved.txt");
     effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
     target->DragEnter(moved.get(), 0, ScreenPointOf(tree, folder), &effect);
     effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
@@ -144,7 +134,7 @@ TEST(FolderTree, DragsOpenFoldersAndDropsCopyOrMoveFilesIntoThem) {
     EXPECT_FALSE(FileExists(b / L"moved.txt"));
 
     // The base folder dragged onto its own sub-folder is refused.
-    win::ComPtr<IDataObject> itself = FilesData(a.path());
+    win::ComPtr<IDataObject> itself = ShellDataOf(a.path());
     effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
     target->DragEnter(itself.get(), 0, ScreenPointOf(tree, folder), &effect);
     EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE));

@@ -1,9 +1,11 @@
 #include "view_host_win.h"
 
 #include <commctrl.h>
+#include <shlobj.h>
 
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
+#include "win/shell_item_win.h"
 
 namespace tessel::testing {
 
@@ -70,6 +72,16 @@ std::wstring SelectedName(CMyShellBrowser& browser) {
     wchar_t text[MAX_PATH] = {};
     ListView_GetItemText(list, index, 0, text, MAX_PATH);
     return text;
+}
+
+win::ComPtr<IDataObject> ShellDataOf(const std::wstring& path) {
+    win::UniquePidl pidl = win::PidlFromPath(path);
+    win::ComPtr<IShellFolder> parent;
+    PCUITEMID_CHILD last = nullptr;
+    win::ComPtr<IDataObject> data;
+    if (pidl && SUCCEEDED(SHBindToParent(pidl.get(), IID_IShellFolder, parent.put_void(), &last)))
+        parent->GetUIObjectOf(nullptr, 1, &last, IID_IDataObject, nullptr, data.put_void());
+    return data;
 }
 
 }  // namespace tessel::testing

@@ -8,6 +8,7 @@
 
 #include "support_win.h"
 #include "view/view_panel_win.h"
+#include "win/com_ptr_win.h"
 
 namespace tessel::testing {
 
@@ -42,5 +43,8 @@ int ListCount(CMyShellBrowser& browser);
 // Selects the list entry with this name (and nothing else); false when it is not listed.
 bool SelectByName(CMyShellBrowser& browser, const std::wstring& name);
 std::wstring SelectedName(CMyShellBrowser& browser);
+
+// The shell's data object for one file or folder, as a drag from a folder view carries it.
+win::ComPtr<IDataObject> ShellDataOf(const std::wstring& path);
 
 }  // namespace tessel::testing
