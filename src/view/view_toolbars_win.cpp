@@ -127,9 +127,40 @@ int ViewToolbars::Height() const {
     return HIWORD(size);
 }
 
+// The main toolbar gives up its last buttons while it is wider than `room`, so that the first
+// ones (back, forward, up) are never cut off; they come back when there is room. Its width.
+void ViewToolbars::ShowMainButtons(int from, bool visible) {
+    HWND bar = bars_[0];
+    const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
+    for (int i = from; i < count; ++i) {
+        TBBUTTON button{};
+        if (SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button)))
+            SendMessageW(bar, TB_SETSTATE, button.idCommand,
+                         visible ? button.fsState & ~TBSTATE_HIDDEN : button.fsState | TBSTATE_HIDDEN);
+    }
+    mainHidden_ = !visible && from < count;
+}
+
+int ViewToolbars::FitMainBar(int room) {
+    HWND bar = bars_[0];
+    const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
+    SIZE size{};
+    SendMessageW(bar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
+    if (size.cx <= room) return size.cx;
+    int last = count - 1;  // the last button that still fits
+    for (RECT item{}; last > 0; --last)
+        if (SendMessageW(bar, TB_GETITEMRECT, last, reinterpret_cast<LPARAM>(&item)) && item.right <= room) break;
+    for (TBBUTTON button{}; last > 0; --last)  // no separator at the end
+        if (!SendMessageW(bar, TB_GETBUTTON, last, reinterpret_cast<LPARAM>(&button)) || !(button.fsStyle & BTNS_SEP)) break;
+    ShowMainButtons(last + 1, false);
+    SendMessageW(bar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
+    return size.cx;
+}
+
 int ViewToolbars::Place(HWND statusBar, int textWidth) {
     RECT bar;
     GetClientRect(statusBar, &bar);
+    if (mainHidden_ && bars_[0]) ShowMainButtons(0, true);  // measured whole, then fitted again
     SIZE sizes[3] = {};
     int total = 0;
     bool shown[3] = {};
@@ -143,6 +174,7 @@ int ViewToolbars::Place(HWND statusBar, int textWidth) {
         shown[2] = false;
         total -= sizes[2].cx;
     }
+    if (shown[0]) sizes[0].cx = FitMainBar(bar.right - 2 - textWidth - (total - sizes[0].cx));
     int right = bar.right - 2;
     for (int i = 2; i >= 0; --i) {
         if (!bars_[i]) continue;

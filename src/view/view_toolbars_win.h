@@ -21,7 +21,7 @@ public:
     void Create(HWND panel, HWND statusBar);
     // Places the toolbars at the right end of the status bar and returns their width. When the
     // status text would get less than `textWidth`, the view-mode toolbar steps aside until there
-    // is room again; the main toolbar always stays.
+    // is room again; the main toolbar always stays, giving up its last buttons when too wide.
     int Place(HWND statusBar, int textWidth);
     int Height() const;
     void EnableHistory(bool back, bool forward);
@@ -31,9 +31,12 @@ public:
 
 private:
     void Make(HWND panel, HWND statusBar, int index, int resourceId);  // bars_[index], images_[index]
+    int FitMainBar(int room);
+    void ShowMainButtons(int from, bool visible);  // the main toolbar's buttons from index `from` on
     HWND bars_[3] = {};
     bool wanted_[3] = {true, false, true};  // the extra toolbar starts hidden
     HIMAGELIST images_[3] = {};
+    bool mainHidden_ = false;  // buttons of the main toolbar are hidden for want of room
 };
 
 }  // namespace tessel

@@ -65,6 +65,21 @@ TEST(ViewPanel, ChildrenToolbarsAndSettings) {
     GetWindowRect(bars.View(), &bar);
     EXPECT_GT(bar.right - bar.left, 100);
 
+    // A narrow T-View keeps room for its status text: the view-mode toolbar steps aside, then
+    // the main toolbar gives up its last buttons, never its first; all come back with room.
+    auto hidden = [&](int command) { return SendMessageW(bars.View(), TB_ISBUTTONHIDDEN, command, 0) != 0; };
+    SetWindowPos(panel.hwnd(), nullptr, 0, 0, 300, 400, SWP_NOZORDER | SWP_NOMOVE);
+    EXPECT_FALSE(IsWindowVisible(bars.Modes()));
+    EXPECT_FALSE(hidden(ID_VIEW_BACK));
+    EXPECT_TRUE(hidden(ID_MOVE_TO_VIEW));
+    GetWindowRect(bars.View(), &bar);
+    POINT left{bar.left, bar.top};
+    ScreenToClient(panel.StatusBar(), &left);
+    EXPECT_GE(left.x, 60) << "the status text keeps its room";
+    SetWindowPos(panel.hwnd(), nullptr, 0, 0, 1000, 400, SWP_NOZORDER | SWP_NOMOVE);
+    EXPECT_TRUE(IsWindowVisible(bars.Modes()));
+    EXPECT_FALSE(hidden(ID_MOVE_TO_VIEW));
+
     // The filter toggle is written to the panel's section at once.
     SendMessageW(panel.hwnd(), WM_COMMAND, ID_VIEW_FILTER_TOGGLE, 0);
     EXPECT_TRUE(IsWindowVisible(GetDlgItem(panel.hwnd(), kFilterBoxId)));
