@@ -5,9 +5,13 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 bin=$here/build/win64/bin
+# Started through winctl, which puts each argument in double quotes on Tessel's command line
+# (Wine quotes only arguments with blanks, and Tessel tells paths apart by their quotes).
+exe="Z:${bin//\//\\}\\tessel.exe"
 if [ -n "${DISPLAY:-}" ]; then
   . "$here/scripts/wine-env.sh"
-  exec "$WINE" "$bin/tessel.exe" "$@"
+  "$WINE" "$bin/winctl.exe" launch "$exe" "$@" >/dev/null
+  exec "$WINESERVER" -w
 fi
 
 display=:$((90 + RANDOM % 400))
@@ -19,9 +23,7 @@ for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 . "$here/scripts/wine-env.sh"
 trap cleanup EXIT
 
-"$WINE" "$bin/tessel.exe" "$@" &
-tessel=$!
-if ! "$WINE" "$bin/winctl.exe" wait 60000; then
+if ! "$WINE" "$bin/winctl.exe" launch "$exe" "$@" >/dev/null; then
   echo "run.sh: Tessel's main window did not appear" >&2
   exit 1
 fi
@@ -30,4 +32,3 @@ shot=$here/build/screenshot.png
 import -window root "$shot"
 echo "$shot"
 "$WINE" "$bin/winctl.exe" close 20000
-wait "$tessel"
