@@ -177,7 +177,7 @@ int BenchStatusAndHistory(CMyShellBrowser& browser, HWND window, PCIDLIST_ABSOLU
 
 // The folders are made under the folder named on the command line (the script makes them from the
 // host side, which is much faster), else under the temporary folder. A second argument "tree"
-// runs only the tree's walk.
+// or "popup" runs only that part.
 int wmain(int argc, wchar_t** argv) {
     OleInitialize(nullptr);
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES};
@@ -213,9 +213,9 @@ int wmain(int argc, wchar_t** argv) {
         win::UniquePidl empty = win::PidlFromPath(root + L"\\empty");
         bare.Navigate(empty.get());
 
-        const bool treeOnly = argc > 2 && std::wstring(argv[2]) == L"tree";
+        const std::wstring only = argc > 2 ? argv[2] : L"";
         for (int files : {1000, 10000, 100000}) {
-            if (treeOnly) break;
+            if (!only.empty()) break;
             const double madeStart = Now();
             win::UniquePidl folder = win::PidlFromPath(MakeFolder(root, files));
             std::printf("folder of %d files ready in %.0f ms\n", files, Now() - madeStart);
@@ -239,10 +239,13 @@ int wmain(int argc, wchar_t** argv) {
             std::printf("navigate-%d-ms: %.1f\n", files, Median(tessel));
             std::printf("navigate-%d-ratio: %.2f\n", files, Median(tessel) / Median(host));
         }
-        if (!treeOnly) status = BenchStatusAndHistory(browser, panel.hwnd(), empty.get(), root);
-        panel.SetTreeState(1, 3000);
-        BenchTreeSync(panel.FolderTree(), root);
-        panel.SetTreeState(0, 3000);
+        if (only.empty()) status = BenchStatusAndHistory(browser, panel.hwnd(), empty.get(), root);
+        if (only == L"popup") BenchPopup(root);
+        if (only.empty() || only == L"tree") {
+            panel.SetTreeState(1, 3000);
+            BenchTreeSync(panel.FolderTree(), root);
+            panel.SetTreeState(0, 3000);
+        }
     }
     DestroyWindow(frame);
     DestroySettings();

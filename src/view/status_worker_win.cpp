@@ -37,6 +37,7 @@ bool ScanFolder(const std::wstring& folder, ListCounts& counts, std::stop_token 
 
 constexpr int kBatchSize = 5000;
 constexpr double kBatchTimeMs = 5;  // the GUI thread answers one batch at most this long
+constexpr double kGuiShareMs = 10;  // then the worker pauses, so the GUI thread's loop comes round
 
 double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse for the limit
     LARGE_INTEGER frequency, counter;
@@ -52,7 +53,14 @@ double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse fo
 uint64_t StatusWorker::SelectedBytes(HWND owner, std::stop_token stop) {
     uint64_t bytes = 0;
     int after = -1;
+    double busySince = NowMs();
     while (!stop.stop_requested()) {
+        // Batches sent back to back are all served inside one call of the GUI thread's message
+        // loop: a short pause now and then lets that call return, so input gets its turn.
+        if (NowMs() - busySince >= kGuiShareMs) {
+            Sleep(1);
+            busySince = NowMs();
+        }
         {
             std::lock_guard lock(batchMutex_);
             batch_ = Batch{true, after, -1, 0};
