@@ -20,25 +20,6 @@ namespace {
 constexpr UINT_PTR kKeyboardTimer = 1;
 constexpr UINT_PTR kMouseTimer = 2;
 
-// The icons of a plain folder, shared by every folder that has no look of its own.
-struct FolderIcons {
-    int closed = 0;
-    int open = 0;
-};
-const FolderIcons& PlainFolderIcons() {
-    static const FolderIcons icons = [] {
-        FolderIcons made;
-        SHFILEINFOW info{};
-        const UINT flags = SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES;
-        if (SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof(info), flags)) made.closed = info.iIcon;
-        made.open = made.closed;
-        if (SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof(info), flags | SHGFI_OPENICON))
-            made.open = info.iIcon;
-        return made;
-    }();
-    return icons;
-}
-
 // A directory can have a look of its own only when it is marked read-only or system (that is
 // when its desktop.ini counts); asking the shell for the icon of any other reads the folder,
 // about 150 ms for one of 100,000 files under Wine.
@@ -163,8 +144,8 @@ HTREEITEM CShellTree2::Add(HTREEITEM parent, win::UniquePidl folder, IShellFolde
     if (!parentFolder || ILIsEmpty(folder.get())) {
         look = win::LookOf(folder.get());
     } else if (IsPlainDirectory(parentFolder, child)) {
-        look = {win::NameInFolder(parentFolder, child), PlainFolderIcons().closed};
-        openIcon = PlainFolderIcons().open;
+        look = {win::NameInFolder(parentFolder, child), win::PlainFolderIcon(false)};
+        openIcon = win::PlainFolderIcon(true);
         data->path = win::NameInFolder(parentFolder, child, SHGDN_FORPARSING);
     } else {
         look = {win::NameInFolder(parentFolder, child), win::IconInFolder(parentFolder, child)};

@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <cstring>
+#include <utility>
 
 #include <commoncontrols.h>
 #include <shellapi.h>
@@ -100,6 +101,19 @@ std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child, SHGDNF fo
 int IconInFolder(IShellFolder* folder, PCUITEMID_CHILD child) {
     const int icon = folder ? SHMapPIDLToSystemImageListIndex(folder, child, nullptr) : -1;
     return icon < 0 ? 0 : icon;
+}
+
+int PlainFolderIcon(bool open) {
+    static const std::pair<int, int> icons = [] {  // closed, open; made once per process
+        SHFILEINFOW info{};
+        const UINT flags = SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES;
+        const int closed =
+            SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof(info), flags) ? info.iIcon : 0;
+        const bool opened =
+            SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof(info), flags | SHGFI_OPENICON) != 0;
+        return std::pair<int, int>{closed, opened ? info.iIcon : closed};
+    }();
+    return open ? icons.second : icons.first;
 }
 
 HIMAGELIST SystemSmallIcons() {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "core/general_options.h"
 #include "nav/address_input_win.h"
 #include "nav/address_popup_win.h"
@@ -135,6 +137,40 @@ TEST_F(AddressBar, APopupListsSubFoldersOnlyAndAVanishedFolderListsNothing) {
     EXPECT_EQ(gone.Count(), 0u);
     host_.Panel().NavigateTo(std::move(other));  // a segment whose folder was deleted meanwhile
     EXPECT_EQ(Shown(), LowerCase(files_ / L"deep"));
+}
+
+// The popup is a list window at the segment: the keys walk it and Enter chooses, Escape and a
+// click elsewhere leave it with nothing chosen.
+TEST_F(AddressBar, APopupIsChosenFromWithTheKeysAndLeftWithEscape) {
+    static std::vector<WPARAM> keys;
+    auto press = [](std::vector<WPARAM> sequence) {
+        keys = std::move(sequence);
+        SetTimer(nullptr, 0, 100, [](HWND, UINT, UINT_PTR timer, DWORD) {
+            KillTimer(nullptr, timer);
+            HWND window = FindWindowW(L"TesselFolderPopup", nullptr);
+            HWND list = window ? FindWindowExW(window, nullptr, WC_LISTVIEWW, nullptr) : nullptr;
+            for (WPARAM key : keys) {
+                SendMessageW(list, WM_KEYDOWN, key, 0);  // the list moves its focus
+                PostMessageW(list, WM_KEYDOWN, key, 0);  // the popup's loop sees Enter and Escape
+            }
+        });
+    };
+    CAdressBarPopup popup(win::PidlFromPath(files_.path()).get());
+    ASSERT_EQ(popup.Count(), 2u);
+    press({VK_DOWN, VK_RETURN});
+    win::UniquePidl chosen = popup.Track(host_.hwnd(), {100, 100});
+    ASSERT_TRUE(chosen);
+    EXPECT_TRUE(ILIsEqual(chosen.get(), popup.Child(1).get())) << "the second sub-folder";
+    EXPECT_EQ(FindWindowW(L"TesselFolderPopup", nullptr), nullptr) << "the window is gone";
+
+    press({VK_ESCAPE});
+    EXPECT_FALSE(popup.Track(host_.hwnd(), {100, 100}));
+
+    ASSERT_TRUE(popup.Open(host_.hwnd(), {100, 100}));
+    EXPECT_EQ(ListView_GetItemCount(popup.List()), 2);
+    RECT place;
+    GetWindowRect(popup.Window(), &place);
+    EXPECT_EQ(place.top, 100) << "below the point";
 }
 
 TEST_F(AddressBar, DriveButtonsAndTheModesWithoutABar) {
