@@ -199,6 +199,23 @@ TEST_F(Layouts, AddressBarModesFromTheMenuAreAppliedAndKept) {
     EXPECT_EQ(panelBar(), nullptr);
     SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_STYLE_SEGMENTS, 0);
     SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_TREE, 0);
+
+    // The two placeholder commands show their sentence in English and in German.
+    for (int command : {ID_ADDRESS_PLACEHOLDER_1, ID_ADDRESS_PLACEHOLDER_2}) {
+        PostMessageW(tessel.Frame(), WM_COMMAND, command, 0);
+        HWND box = nullptr;
+        for (int i = 0; i < 100 && !box; ++i, Sleep(50)) {
+            box = FindWindowW(L"#32770", L"Tessel");
+            if (box && GetWindow(box, GW_OWNER) != tessel.Frame()) box = nullptr;
+        }
+        ASSERT_NE(box, nullptr) << command;
+        wchar_t text[256] = {};
+        GetDlgItemTextW(box, 0xFFFF, text, 256);
+        EXPECT_STREQ(text, L"Wildcard for the next version / Vista addressbar and + + + \n\n"
+                           L"Platzhalter f\u00FCr die n\u00E4chste Version / Vista-Adressleiste und + + + ");
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+        for (int i = 0; i < 100 && IsWindow(box); ++i) Sleep(50);
+    }
     EXPECT_EQ(tessel.CloseAndWait(), 0);
     const std::string ini = ReadBytes(folder_ / L"Tessel.ini");
     auto has = [&](const std::string& line) {
