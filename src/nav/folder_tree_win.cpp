@@ -320,10 +320,32 @@ LRESULT CShellTree2::TreeProc(HWND tree, UINT message, WPARAM wParam, LPARAM lPa
     return win::CallOriginal(tree, message, wParam, lParam);
 }
 
-bool CShellTree2::OnNotify(NMHDR* header) {
+void CShellTree2::SetItemColors(ItemColors colors) {
+    itemColors_ = std::move(colors);
+    if (tree_) InvalidateRect(tree_, nullptr, TRUE);
+}
+
+// With useTreeColor 1 each drawn item asks the colour rules for its colours.
+LRESULT CShellTree2::CustomDraw(NMTVCUSTOMDRAW& draw) const {
+    if (Options().useTreeColor != 1 || !itemColors_) return CDRF_DODEFAULT;
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || (draw.nmcd.uItemState & CDIS_SELECTED)) return CDRF_DODEFAULT;
+    const auto* data = reinterpret_cast<const ItemData*>(draw.nmcd.lItemlParam);
+    COLORREF text = CLR_NONE, back = CLR_NONE;
+    if (!data || !itemColors_(data->folder.get(), text, back)) return CDRF_DODEFAULT;
+    if (text != CLR_NONE) draw.clrText = text;
+    if (back != CLR_NONE) draw.clrTextBk = back;
+    return CDRF_DODEFAULT;
+}
+
+bool CShellTree2::OnNotify(NMHDR* header, LRESULT& result) {
     if (!tree_ || header->hwndFrom != tree_) return false;
     auto* view = reinterpret_cast<NMTREEVIEWW*>(header);
+    result = 0;
     switch (header->code) {
+    case NM_CUSTOMDRAW:
+        result = CustomDraw(*reinterpret_cast<NMTVCUSTOMDRAW*>(header));
+        break;
     case TVN_ITEMEXPANDINGW:
         if (view->action == TVE_EXPAND) Expand(view->itemNew.hItem);
         break;

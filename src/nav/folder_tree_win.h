@@ -37,8 +37,12 @@ public:
     // Walks down from the desktop to the folder, opening levels as needed, and selects it
     // without navigating; false when the folder is not in the tree.
     bool SyncTo(PCIDLIST_ABSOLUTE folder);
-    // WM_NOTIFY from the tree; true when it was the tree's.
-    bool OnNotify(NMHDR* header);
+    // WM_NOTIFY from the tree; true when it was the tree's, with the answer in `result`.
+    bool OnNotify(NMHDR* header, LRESULT& result);
+    // The colour rules' colours of a folder (CLR_NONE keeps the tree's own); false: none.
+    // Asked for each item the tree draws while useTreeColor is 1.
+    using ItemColors = std::function<bool(PCIDLIST_ABSOLUTE folder, COLORREF& text, COLORREF& back)>;
+    void SetItemColors(ItemColors colors);
     HWND hwnd() const { return tree_; }
     int ChildCount(HTREEITEM item) const;  // of an opened item
     static PCIDLIST_ABSOLUTE FolderOf(HWND tree, HTREEITEM item);
@@ -69,6 +73,7 @@ private:
     HTREEITEM ChildFor(HTREEITEM item, PCIDLIST_ABSOLUTE folder) const;
     int ChildrenOf(HTREEITEM item, const ItemData& data);  // 1 or 0, as the expand button shows
     void DescribeItem(NMTVDISPINFOW& info);  // what the tree asks when it draws an item
+    LRESULT CustomDraw(NMTVCUSTOMDRAW& draw) const;
     void TakeAnswer(WPARAM answer, LPARAM tag);  // the probe's answer for an item
     void Choose(bool byMouse);
     void StopDrops();
@@ -76,6 +81,7 @@ private:
 
     HWND tree_ = nullptr;
     Chosen chosen_;
+    ItemColors itemColors_;
     TreeOptions options_;
     TreeListing listing_;
     std::unordered_map<HTREEITEM, uint64_t> asked_;  // items waiting for the probe, by ticket

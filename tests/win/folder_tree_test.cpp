@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/general_options.h"
 #include "nav/folder_tree_drop_win.h"
 #include "view_host_win.h"
 #include "win/shell_item_win.h"
@@ -141,6 +142,30 @@ TEST(FolderTree, DragsOpenFoldersAndDropsCopyOrMoveFilesIntoThem) {
     target->Drop(itself.get(), 0, ScreenPointOf(tree, folder), &effect);
     EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE));
     EXPECT_FALSE(FileExists(a / L"target\\" + a.path().substr(a.path().find_last_of(L'\\') + 1)));
+}
+
+// With useTreeColor 1 every item the tree draws is asked of the colour rules; otherwise none.
+TEST(FolderTree, ItemColoursAreAskedOnlyWithUseTreeColorOne) {
+    ViewHost host(1);
+    TempFolder a;
+    CPloder& panel = host.Panel();
+    panel.SetTreeState(1, 3000);
+    ASSERT_TRUE(panel.NavigateToText(a.path()));
+    HWND tree = panel.FolderTree().hwnd();
+    int asked = 0;
+    panel.FolderTree().SetItemColors([&](PCIDLIST_ABSOLUTE folder, COLORREF& text, COLORREF&) {
+        ++asked;
+        text = RGB(200, 0, 0);
+        return folder != nullptr;
+    });
+    {
+        ScopedOption rulesOff(Options().useTreeColor, 2);
+        RedrawWindow(tree, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        EXPECT_EQ(asked, 0);
+    }
+    ScopedOption rulesOn(Options().useTreeColor, 1);
+    RedrawWindow(tree, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    EXPECT_GT(asked, 3) << "each drawn item: the desktop, its folders and the way down";
 }
 
 }  // namespace
