@@ -22,12 +22,10 @@ constexpr UINT_PTR kMouseTimer = 2;
 
 // A directory can have a look of its own only when it is marked read-only or system (that is
 // when its desktop.ini counts); asking the shell for the icon of any other reads the folder,
-// about 150 ms for one of 100,000 files under Wine.
-bool IsPlainDirectory(IShellFolder* parent, PCUITEMID_CHILD child) {
-    WIN32_FIND_DATAW data{};
-    if (FAILED(SHGetDataFromIDListW(parent, child, SHGDFIL_FINDDATA, &data, sizeof(data)))) return false;
+// about 150 ms for one of 100,000 files under Wine. A plain one's name is its file name.
+bool IsPlainDirectory(const WIN32_FIND_DATAW& found) {
     const DWORD own = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_REPARSE_POINT;
-    return (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !(data.dwFileAttributes & own);
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !(found.dwFileAttributes & own);
 }
 
 }  // namespace
@@ -136,17 +134,21 @@ CShellTree2::RedrawHold::~RedrawHold() {
 // Names and icons come from the folder being opened, which is bound once for all its items
 // (asking the shell about each item on its own binds its parent again every time); expand
 // buttons are asked for when an item is first drawn.
-HTREEITEM CShellTree2::Add(HTREEITEM parent, win::UniquePidl folder, IShellFolder* parentFolder) {
+HTREEITEM CShellTree2::Add(HTREEITEM parent, win::UniquePidl folder, IShellFolder* parentFolder,
+                           const WIN32_FIND_DATAW* found) {
     auto data = std::make_unique<ItemData>();
     PCUITEMID_CHILD child = ILFindLastID(folder.get());
     win::ShellLook look;
     int openIcon = -1;
+    const ItemData* above = parent == TVI_ROOT ? nullptr : DataOf(tree_, parent);
     if (!parentFolder || ILIsEmpty(folder.get())) {
         look = win::LookOf(folder.get());
-    } else if (IsPlainDirectory(parentFolder, child)) {
-        look = {win::NameInFolder(parentFolder, child), win::PlainFolderIcon(false)};
+    } else if (found && IsPlainDirectory(*found)) {
+        look = {found->cFileName, win::PlainFolderIcon(false)};
         openIcon = win::PlainFolderIcon(true);
-        data->path = win::NameInFolder(parentFolder, child, SHGDN_FORPARSING);
+        data->path = above && !above->path.empty()
+                         ? above->path + (above->path.back() == L'\\' ? L"" : L"\\") + found->cFileName
+                         : win::NameInFolder(parentFolder, child, SHGDN_FORPARSING);
     } else {
         look = {win::NameInFolder(parentFolder, child), win::IconInFolder(parentFolder, child)};
     }
@@ -214,14 +216,19 @@ void CShellTree2::Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder) {
     if (folder && folder->EnumObjects(tree_, flags, children.put()) == S_OK && children) {
         PITEMID_CHILD child = nullptr;
         while (children->Next(1, &child, nullptr) == S_OK) {
+            // What the file system says travels in the item's identifier: read without a disk access.
+            WIN32_FIND_DATAW found{};
+            const bool known = SUCCEEDED(SHGetDataFromIDListW(folder.get(), child, SHGDFIL_FINDDATA, &found, sizeof(found)));
+            const bool directory = known && (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
             // Of the other items only those the shell can browse into (archives and the like).
             SFGAOF attributes = SFGAO_FOLDER | SFGAO_BROWSABLE;
             PCUITEMID_CHILD one = child;
-            const bool browsable = !listing_.browsableItems ||
+            const bool browsable = !listing_.browsableItems || directory ||
                                    (SUCCEEDED(folder->GetAttributesOf(1, &one, &attributes)) &&
                                     (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)));
             if (browsable)
-                if (win::UniquePidl full{ILCombine(parent, child)}) added += Add(item, std::move(full), folder.get()) != nullptr;
+                if (win::UniquePidl full{ILCombine(parent, child)})
+                    added += Add(item, std::move(full), folder.get(), known ? &found : nullptr) != nullptr;
             CoTaskMemFree(child);
         }
     }

@@ -53,8 +53,10 @@ public:
 private:
     struct ItemData;
     static ItemData* DataOf(HWND tree, HTREEITEM item);
-    // Its name and icon are asked of the parent folder (null: of the shell).
-    HTREEITEM Add(HTREEITEM parent, win::UniquePidl folder, IShellFolder* parentFolder);
+    // Its name and icon are asked of the parent folder (null: of the shell), unless what the
+    // file system said of it (`found`) shows a plain directory.
+    HTREEITEM Add(HTREEITEM parent, win::UniquePidl folder, IShellFolder* parentFolder,
+                  const WIN32_FIND_DATAW* found = nullptr);
     // Reads the item's level once; `folder` is the item's folder when already bound.
     void Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder = {});
     void ShowOpen(HTREEITEM item);
