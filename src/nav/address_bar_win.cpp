@@ -134,7 +134,7 @@ void CAdressBar::InsertHierarchyItems(bool indented) {
 
 // Writes (CBEM_SETITEMW) or inserts (CBEM_INSERTITEMW) the box's item for a hierarchy entry.
 void CAdressBar::PutItem(UINT message, size_t index, bool indented) {
-    win::ShellLook look = win::LookOf(hierarchy_[index].get());
+    win::ShellLook look = win::FolderLookOf(hierarchy_[index].get());
     COMBOBOXEXITEMW item{};
     item.mask = CBEIF_TEXT | CBEIF_IMAGE | CBEIF_SELECTEDIMAGE | CBEIF_INDENT | CBEIF_LPARAM;
     item.iItem = static_cast<INT_PTR>(index);

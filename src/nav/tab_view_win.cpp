@@ -91,10 +91,8 @@ TabRecord* CCBrowserTabView::Record(int index) const {
 }
 
 void CCBrowserTabView::SetLabel(int index, PCIDLIST_ABSOLUTE folder) {
-    SHFILEINFOW info{};
-    SHGetFileInfoW(reinterpret_cast<LPCWSTR>(folder), 0, &info, sizeof(info),
-                   SHGFI_PIDL | SHGFI_DISPLAYNAME | SHGFI_SYSICONINDEX | SHGFI_SMALLICON);
-    std::wstring label = info.szDisplayName;
+    const win::ShellLook look = win::FolderLookOf(folder);
+    std::wstring label = look.name;
     if (Options().tab_width_mode == 1) {
         DcMeasure measure(strip_);
         label = CutTabLabel(label, ClampTabMaxWidth(Options().tab_max_width), measure);
@@ -102,7 +100,7 @@ void CCBrowserTabView::SetLabel(int index, PCIDLIST_ABSOLUTE folder) {
     label.reserve(kLabelBuffer);
     TCITEMW item{TCIF_TEXT | TCIF_IMAGE};
     item.pszText = label.data();
-    item.iImage = info.iIcon;
+    item.iImage = look.icon;
     SendMessageW(strip_, TCM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
 }
 

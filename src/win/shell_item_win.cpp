@@ -91,6 +91,20 @@ ShellLook LookOf(PCIDLIST_ABSOLUTE pidl) {
     return {info.szDisplayName, info.iIcon};
 }
 
+// A directory dresses itself (desktop.ini) only when marked read-only or system.
+ShellLook FolderLookOf(PCIDLIST_ABSOLUTE pidl) {
+    const std::wstring path = FileSystemPathOf(pidl);
+    const bool belowDrive = path.size() > 3 && path[1] == L':' && path[2] == L'\\';
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    const DWORD own = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_REPARSE_POINT;
+    if (belowDrive && GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) &&
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !(data.dwFileAttributes & own)) {
+        const size_t slash = path.find_last_of(L'\\');
+        if (slash + 1 < path.size()) return {path.substr(slash + 1), PlainFolderIcon(false)};
+    }
+    return LookOf(pidl);
+}
+
 std::wstring NameInFolder(IShellFolder* folder, PCUITEMID_CHILD child, SHGDNF form) {
     STRRET name{};
     wchar_t text[4098] = {};
