@@ -7,6 +7,7 @@
 
 #include "core/general_options.h"
 #include "nav/address_popup_win.h"
+#include "nav/address_tree_popup_win.h"
 #include "win/shell_item_win.h"
 #include "win/subclass_win.h"
 
@@ -39,8 +40,33 @@ bool CAdressBar::Create(HWND parent, int id) {
                                   CCS_NOPARENTALIGN,
                               0, 0, 0, 0, hwnd(), nullptr, GetModuleHandleW(nullptr), nullptr);
     FillDrives();
+    MakeTools();
     SetStyle(Options().adresbar_style);
     return true;
+}
+
+void CAdressBar::MakeTools() {
+    tools_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
+                             WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | CCS_NORESIZE | CCS_NODIVIDER | CCS_NOPARENTALIGN, 0,
+                             0, 0, 0, hwnd(), nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (!tools_) return;
+    SendMessageW(tools_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageW(tools_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
+    SendMessageW(tools_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(win::SystemSmallIcons()));  // not ours
+    TBBUTTON button{};
+    button.iBitmap = win::PlainFolderIcon(true);
+    button.idCommand = kTreeDropDownId;
+    button.fsState = TBSTATE_ENABLED;
+    button.fsStyle = BTNS_BUTTON | BTNS_WHOLEDROPDOWN;
+    SendMessageW(tools_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+}
+
+void CAdressBar::OpenTreeDropDown() {
+    if (!shown_) return;
+    RECT below{};
+    GetWindowRect(combo_, &below);
+    CAdressTreePopup popup;
+    if (win::UniquePidl chosen = popup.Track(hwnd(), below, shown_.get())) navigate_(std::move(chosen));
 }
 
 HWND CAdressBar::Edit() const {
@@ -77,6 +103,8 @@ void CAdressBar::SetStyle(int style) {
     }
     if (segments_) segments_->Show(style_ == 1);
     ShowWindow(combo_, style_ == 1 && segments_ ? SW_HIDE : SW_SHOWNA);
+    // The segmented bar has the folders itself: its tree button goes.
+    if (tools_) SendMessageW(tools_, TB_HIDEBUTTON, kTreeDropDownId, MAKELPARAM(style_ == 1 && segments_, 0));
     Layout();
 }
 
@@ -168,9 +196,13 @@ void CAdressBar::Layout() {
     if (drives_) SendMessageW(drives_, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&drives));
     const int height = client.bottom - 2 * kMargin;
     const int driveWidth = std::min<int>(drives.cx, client.right / 3);
-    const int fieldRight = std::max<int>(kMargin, client.right - kMargin - driveWidth);
+    SIZE tools{};
+    if (tools_) SendMessageW(tools_, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&tools));
+    const int toolsLeft = std::max<int>(kMargin, client.right - kMargin - driveWidth - tools.cx);
+    const int fieldRight = toolsLeft;
     if (drives_)
-        SetWindowPos(drives_, nullptr, fieldRight, kMargin, driveWidth, height, SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(drives_, nullptr, toolsLeft + tools.cx, kMargin, driveWidth, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (tools_) SetWindowPos(tools_, nullptr, toolsLeft, kMargin, tools.cx, height, SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowPos(combo_, nullptr, kMargin, kMargin, fieldRight - 2 * kMargin, 300, SWP_NOZORDER | SWP_NOACTIVATE);
     if (segments_) segments_->Place({kMargin, kMargin, fieldRight - kMargin, kMargin + height});
 }
@@ -253,6 +285,10 @@ LRESULT CAdressBar::EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 LRESULT CAdressBar::OnNotify(NMHDR* header) {
+    if (tools_ && header->hwndFrom == tools_ && header->code == TBN_DROPDOWN) {
+        PostMessageW(hwnd(), WM_COMMAND, MAKEWPARAM(kTreeDropDownId, BN_CLICKED), reinterpret_cast<LPARAM>(tools_));
+        return TBDDRET_DEFAULT;
+    }
     if (segments_ && header->hwndFrom == segments_->Segments() && header->code == TBN_DROPDOWN) {
         OpenSegmentPopup(reinterpret_cast<NMTOOLBARW*>(header)->iItem - kFirstSegmentId);
         return TBDDRET_DEFAULT;
@@ -288,6 +324,10 @@ LRESULT CAdressBar::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             const LRESULT index = SendMessageW(combo_, CB_GETCURSEL, 0, 0);
             if (SendMessageW(combo_, CB_GETDROPPEDSTATE, 0, 0) && index >= 0 && static_cast<size_t>(index) < hierarchy_.size())
                 navigate_(win::ClonePidl(hierarchy_[index].get()));
+            return 0;
+        }
+        if (lParam && reinterpret_cast<HWND>(lParam) == tools_) {
+            if (LOWORD(wParam) == kTreeDropDownId) OpenTreeDropDown();  // the tree's choice, or the button
             return 0;
         }
         if (lParam && HIWORD(wParam) == BN_CLICKED) Command(LOWORD(wParam));

@@ -16,6 +16,7 @@
 namespace tessel {
 
 inline constexpr int kAddressComboId = 100;
+inline constexpr int kTreeDropDownId = 111;  // the bar's own toolbar: the folder tree drop-down
 inline constexpr int kFirstDriveId = 1110;
 inline constexpr int kLastDriveId = 1139;
 
@@ -37,6 +38,7 @@ public:
     HWND Combo() const { return combo_; }
     HWND Edit() const;
     HWND Drives() const { return drives_; }
+    HWND Tools() const { return tools_; }
     CComboBoxVista* Segmented() const { return segments_.get(); }
     bool Active() const { return active_; }
     // Carries out a command of the bar (a segment, a drive, the edit button).
@@ -47,6 +49,8 @@ public:
     bool SubmitTypedText();
     // The drop-down's folder hierarchy, made when the list opens.
     void OpenHierarchy();
+    // The folder tree below the bar, opened down to the shown folder; a choice navigates.
+    void OpenTreeDropDown();
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -54,6 +58,7 @@ protected:
 private:
     void Layout();
     void FillDrives();
+    void MakeTools();
     void FillHierarchy();
     void InsertHierarchyItems(bool indented);
     void PutItem(UINT message, size_t index, bool indented);
@@ -67,6 +72,7 @@ private:
     Typed typed_;
     HWND combo_ = nullptr;
     HWND drives_ = nullptr;
+    HWND tools_ = nullptr;  // the bar's own toolbar: button 111, the tree drop-down
     std::unique_ptr<CComboBoxVista> segments_;
     int style_ = 0;
     bool editing_ = false;  // the segmented bar gave way to the edit field

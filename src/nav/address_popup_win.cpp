@@ -7,6 +7,7 @@
 
 #include "win/com_ptr_win.h"
 #include "win/shell_item_win.h"
+#include "win/popup_window_win.h"
 #include "win/window_win.h"
 
 namespace tessel {
@@ -15,19 +16,6 @@ namespace {
 constexpr wchar_t kPopupClass[] = L"TesselFolderPopup";
 constexpr int kVisibleRows = 24;
 constexpr int kMeasuredNames = 2000;  // the widest of these sets the width
-
-void RegisterPopupClass(WNDPROC procedure) {
-    static const bool registered = [procedure] {
-        WNDCLASSEXW type{sizeof(type)};
-        type.style = CS_DROPSHADOW;
-        type.lpfnWndProc = procedure;
-        type.hInstance = GetModuleHandleW(nullptr);
-        type.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        type.lpszClassName = kPopupClass;
-        return RegisterClassExW(&type) != 0;
-    }();
-    (void)registered;
-}
 
 }  // namespace
 
@@ -80,7 +68,7 @@ SIZE CAdressBarPopup::WantedSize() const {
 bool CAdressBarPopup::Open(HWND owner, POINT at) {
     if (children_.empty()) return false;
     if (window_) return true;
-    RegisterPopupClass(&CAdressBarPopup::WindowProc);
+    win::RegisterPopupClass(kPopupClass, &CAdressBarPopup::WindowProc);
     window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kPopupClass, L"", WS_POPUP | WS_BORDER, at.x, at.y, 10,
                               10, owner ? GetAncestor(owner, GA_ROOT) : nullptr, nullptr, GetModuleHandleW(nullptr),
                               nullptr);
@@ -127,23 +115,9 @@ win::UniquePidl CAdressBarPopup::Track(HWND owner, POINT at) {
     if (!Open(owner, at)) return {};
     done_ = false;
     chosen_ = -1;
-    MSG message;
-    while (!done_ && IsWindow(window_)) {
-        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got <= 0) {
-            if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));  // for the loop outside
-            break;
-        }
-        const bool ours = message.hwnd == list_ || message.hwnd == window_;
-        if (message.message == WM_KEYDOWN && ours && message.wParam == VK_ESCAPE) Finish(-1);
-        else if (message.message == WM_KEYDOWN && ours && message.wParam == VK_RETURN)
-            Finish(ListView_GetNextItem(list_, -1, LVNI_FOCUSED));
-        else if ((message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN ||
-                  message.message == WM_NCLBUTTONDOWN) && !ours)
-            Finish(-1);  // a click elsewhere leaves the list; the click itself is not lost
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
+    win::RunPopupLoop(window_, list_, done_,
+                      {[this] { Finish(-1); }, [this] { Finish(ListView_GetNextItem(list_, -1, LVNI_FOCUSED)); },
+                       [this] { Finish(-1); }});
     DestroyWindow(window_);
     window_ = list_ = nullptr;
     return chosen_ >= 0 ? Child(static_cast<size_t>(chosen_)) : win::UniquePidl();

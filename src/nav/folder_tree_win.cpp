@@ -74,8 +74,9 @@ PCIDLIST_ABSOLUTE CShellTree2::FolderOf(HWND tree, HTREEITEM item) {
     return data ? data->folder.get() : nullptr;
 }
 
-void CShellTree2::Attach(HWND tree, Chosen chosen) {
+void CShellTree2::Attach(HWND tree, Chosen chosen, bool dropDown) {
     tree_ = tree;
+    dropDown_ = dropDown;
     chosen_ = std::move(chosen);
     TreeView_SetImageList(tree_, win::SystemSmallIcons(), TVSIL_NORMAL);  // the system's list: not ours to free
     win::Subclass(tree_, &CShellTree2::TreeProc, this);
@@ -91,7 +92,7 @@ void CShellTree2::ApplyOptions() {
     listing_ = TreeEnumeration(options_, shell.fShowAllObjects != 0);
     if (!tree_) return;
     const DWORD style = static_cast<DWORD>(GetWindowLongW(tree_, GWL_STYLE));
-    const DWORD wanted = ApplyStyle(style, TreeStyle(options_, false, {TVS_SINGLEEXPAND, TVS_FULLROWSELECT,
+    const DWORD wanted = ApplyStyle(style, TreeStyle(options_, dropDown_, {TVS_SINGLEEXPAND, TVS_FULLROWSELECT,
                                                                        TVS_HASLINES, TVS_LINESATROOT}));
     if (wanted != style) SetWindowLongW(tree_, GWL_STYLE, static_cast<LONG>(wanted));
     // Any colouring of the tree takes the file lists' font; off: the system's.
@@ -365,7 +366,8 @@ bool CShellTree2::OnNotify(NMHDR* header, LRESULT& result) {
         break;
     case TVN_SELCHANGEDW:
         // Only the user's choice navigates, and walking with the keys only once they rest.
-        if (view->action == TVC_BYKEYBOARD) SetTimer(tree_, kKeyboardTimer, kTreeKeyboardDelayMs, nullptr);
+        // In the drop-down form the keys only walk; Enter chooses.
+        if (view->action == TVC_BYKEYBOARD && !dropDown_) SetTimer(tree_, kKeyboardTimer, kTreeKeyboardDelayMs, nullptr);
         if (view->action == TVC_BYMOUSE) SetTimer(tree_, kMouseTimer, kTreeMouseDelayMs, nullptr);
         break;
     }

@@ -28,8 +28,9 @@ public:
     CShellTree2(const CShellTree2&) = delete;
     CShellTree2& operator=(const CShellTree2&) = delete;
 
-    // Takes the tree control (made by the owner); it is filled when first shown.
-    void Attach(HWND tree, Chosen chosen);
+    // Takes the tree control (made by the owner); it is filled when first shown. The drop-down
+    // form (the address bar's) never expands single branches and chooses only by click or Enter.
+    void Attach(HWND tree, Chosen chosen, bool dropDown = false);
     // Style, listing and font from the options; called at attach and after an option changed.
     void ApplyOptions();
     // The desktop and its folders, read the first time the tree is shown.
@@ -83,6 +84,7 @@ private:
 
     HWND tree_ = nullptr;
     Chosen chosen_;
+    bool dropDown_ = false;
     ItemColors itemColors_;
     TreeOptions options_;
     TreeListing listing_;

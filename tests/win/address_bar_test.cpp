@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/general_options.h"
+#include "nav/address_bar_win.h"
 #include "nav/address_input_win.h"
 #include "nav/address_popup_win.h"
 #include "view_host_win.h"
@@ -171,6 +172,30 @@ TEST_F(AddressBar, APopupIsChosenFromWithTheKeysAndLeftWithEscape) {
     RECT place;
     GetWindowRect(popup.Window(), &place);
     EXPECT_EQ(place.top, 100) << "below the point";
+}
+
+// The classic bar's own button opens the folder tree below it at the shown folder; the keys
+// walk it and Enter goes there. The segmented bar has no such button.
+TEST_F(AddressBar, TheTreeButtonOpensAFolderTreeToChooseFrom) {
+    HWND tools = Bar()->Tools();
+    ASSERT_NE(tools, nullptr);
+    EXPECT_FALSE(SendMessageW(tools, TB_ISBUTTONHIDDEN, kTreeDropDownId, 0)) << "classic: the tree button shows";
+    SetTimer(nullptr, 0, 300, [](HWND, UINT, UINT_PTR timer, DWORD) {
+        KillTimer(nullptr, timer);
+        HWND window = FindWindowW(L"TesselTreePopup", nullptr);
+        HWND tree = window ? FindWindowExW(window, nullptr, WC_TREEVIEWW, nullptr) : nullptr;
+        SendMessageW(tree, WM_KEYDOWN, VK_UP, 0);    // "deep" is the first sub-folder: up is its parent
+        PostMessageW(tree, WM_KEYDOWN, VK_RETURN, 0);
+    });
+    Bar()->OpenTreeDropDown();
+    EXPECT_EQ(Shown(), LowerCase(files_.path())) << "the folder chosen in the tree";
+    EXPECT_EQ(FindWindowW(L"TesselTreePopup", nullptr), nullptr);
+
+    Options().adresbar_style = 1;
+    host_.Panel().ApplyAddressBarMode();
+    EXPECT_TRUE(SendMessageW(tools, TB_ISBUTTONHIDDEN, kTreeDropDownId, 0));
+    Options().adresbar_style = 0;
+    host_.Panel().ApplyAddressBarMode();
 }
 
 TEST_F(AddressBar, DriveButtonsAndTheModesWithoutABar) {
