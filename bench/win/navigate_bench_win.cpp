@@ -179,8 +179,8 @@ int BenchStatusAndHistory(CMyShellBrowser& browser, HWND window, PCIDLIST_ABSOLU
 }  // namespace
 
 // The folders are made under the folder named on the command line (the script makes them from the
-// host side, which is much faster), else under the temporary folder. A second argument "tree"
-// or "popup" runs only that part.
+// host side, which is much faster), else under the temporary folder. A second argument "tree",
+// "popup" or "status" runs only that part.
 int wmain(int argc, wchar_t** argv) {
     OleInitialize(nullptr);
     INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES};
@@ -242,7 +242,8 @@ int wmain(int argc, wchar_t** argv) {
             std::printf("navigate-%d-ms: %.1f\n", files, Median(tessel));
             std::printf("navigate-%d-ratio: %.2f\n", files, Median(tessel) / Median(host));
         }
-        if (only.empty()) status = BenchStatusAndHistory(browser, panel.hwnd(), empty.get(), root);
+        if (only == L"status") browser.NavigateTo(win::PidlFromPath(MakeFolder(root, 100000)), false, true);
+        if (only.empty() || only == L"status") status = BenchStatusAndHistory(browser, panel.hwnd(), empty.get(), root);
         if (only == L"popup") BenchPopup(frame, root);
         if (only.empty() || only == L"tree") {
             panel.SetTreeState(1, 3000);

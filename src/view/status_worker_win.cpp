@@ -15,29 +15,51 @@ bool Ask(HWND list, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
     return true;
 }
 
-// Folder and file counts and the total size; false when the folder cannot be read.
-bool ScanFolder(const std::wstring& folder, ListCounts& counts, std::stop_token stop) {
-    WIN32_FIND_DATAW data;
-    HANDLE find = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &data, FindExSearchNameMatch,
-                                   nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (find == INVALID_HANDLE_VALUE) return false;
-    do {
-        if (stop.stop_requested()) break;
-        if (!wcscmp(data.cFileName, L".") || !wcscmp(data.cFileName, L"..")) continue;
-        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+}  // namespace
+
+// Folder and file counts and the total size, read a step at a time so that the reading can go
+// on while the GUI thread sums a batch of the selection.
+class StatusWorker::FolderScan {
+public:
+    ~FolderScan() {
+        if (find_ != INVALID_HANDLE_VALUE) FindClose(find_);
+    }
+    bool Open(const std::wstring& folder) {
+        find_ = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &data_, FindExSearchNameMatch, nullptr,
+                                 FIND_FIRST_EX_LARGE_FETCH);
+        return find_ != INVALID_HANDLE_VALUE;
+    }
+    // Up to `entries` more; false once the folder is read.
+    bool Step(int entries, ListCounts& counts) {
+        for (int n = 0; n < entries && find_ != INVALID_HANDLE_VALUE; ++n) {
+            Count(counts);
+            if (!FindNextFileW(find_, &data_)) {
+                FindClose(find_);
+                find_ = INVALID_HANDLE_VALUE;
+            }
+        }
+        return find_ != INVALID_HANDLE_VALUE;
+    }
+
+private:
+    void Count(ListCounts& counts) const {
+        if (!wcscmp(data_.cFileName, L".") || !wcscmp(data_.cFileName, L"..")) return;
+        if (data_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
             ++counts.folders;
         } else {
             ++counts.files;
-            counts.totalBytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+            counts.totalBytes += (uint64_t(data_.nFileSizeHigh) << 32) | data_.nFileSizeLow;
         }
-    } while (FindNextFileW(find, &data));
-    FindClose(find);
-    return !stop.stop_requested();
-}
+    }
+    HANDLE find_ = INVALID_HANDLE_VALUE;
+    WIN32_FIND_DATAW data_{};
+};
 
+namespace {
+
+constexpr int kScanStep = 256;  // entries read between looks for the GUI thread's answer
 constexpr int kBatchSize = 5000;
 constexpr double kBatchTimeMs = 5;  // the GUI thread answers one batch at most this long
-constexpr double kGuiShareMs = 10;  // then the worker pauses, so the GUI thread's loop comes round
 
 double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse for the limit
     LARGE_INTEGER frequency, counter;
@@ -48,25 +70,25 @@ double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse fo
 
 }  // namespace
 
-// Sizes of the selected entries, summed by the GUI thread batch by batch. The batch lives in
-// the worker object, so an answer that comes late or never costs nothing.
-uint64_t StatusWorker::SelectedBytes(HWND owner, std::stop_token stop) {
+// Sizes of the selected entries, summed by the GUI thread batch by batch, one posted request
+// each: the GUI thread's loop comes round between them, so input waits at most one batch. The
+// folder is read meanwhile. The batch lives in the worker object, so an answer that comes late
+// or never costs nothing.
+uint64_t StatusWorker::SelectedBytes(HWND owner, std::stop_token stop, FolderScan& scan, ListCounts& counts) {
     uint64_t bytes = 0;
     int after = -1;
-    double busySince = NowMs();
+    bool scanning = true;
+    HANDLE wake[2] = {answered_.get(), stopped_.get()};
     while (!stop.stop_requested()) {
-        // Batches sent back to back are all served inside one call of the GUI thread's message
-        // loop: a short pause now and then lets that call return, so input gets its turn.
-        if (NowMs() - busySince >= kGuiShareMs) {
-            Sleep(1);
-            busySince = NowMs();
-        }
         {
             std::lock_guard lock(batchMutex_);
             batch_ = Batch{true, after, -1, 0};
         }
-        LRESULT answered = 0;
-        if (!Ask(owner, kMsgSelectionBatch, 0, 0, answered) || !answered) break;
+        ResetEvent(answered_.get());
+        if (!PostMessageW(owner, kMsgSelectionBatch, 0, 0)) break;
+        while (scanning && WaitForSingleObject(answered_.get(), 0) == WAIT_TIMEOUT && !stop.stop_requested())
+            scanning = scan.Step(kScanStep, counts);
+        if (WaitForMultipleObjects(2, wake, FALSE, kSendTimeoutMs) != WAIT_OBJECT_0) break;  // stopped or unanswered
         std::lock_guard lock(batchMutex_);
         if (batch_.asked) break;  // not answered after all
         bytes += batch_.bytes;
@@ -78,6 +100,10 @@ uint64_t StatusWorker::SelectedBytes(HWND owner, std::stop_token stop) {
 
 LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder) {
     std::lock_guard lock(batchMutex_);
+    struct Answered {  // the worker wakes however this ends
+        HANDLE event;
+        ~Answered() { SetEvent(event); }
+    } answered{answered_.get()};
     if (!batch_.asked || !list || !view || !folder) return 0;
     int index = batch_.after;
     const double deadline = NowMs() + kBatchTimeMs;
@@ -98,7 +124,10 @@ LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellF
     return 1;
 }
 
-StatusWorker::StatusWorker() : finished_(CreateEventW(nullptr, TRUE, TRUE, nullptr)) {}
+StatusWorker::StatusWorker()
+    : answered_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
+      stopped_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
+      finished_(CreateEventW(nullptr, TRUE, TRUE, nullptr)) {}
 
 StatusWorker::~StatusWorker() { Stop(); }
 
@@ -108,6 +137,7 @@ bool StatusWorker::Start(HWND list, std::wstring folderPath, HWND done, UINT don
     if (Running()) return false;
     if (thread_.joinable()) thread_.join();  // finished: the join returns at once
     ResetEvent(finished_.get());
+    ResetEvent(stopped_.get());
     thread_ = std::jthread([this, list, path = std::move(folderPath), done, doneMessage](std::stop_token stop) {
         Work(stop, list, path, done, doneMessage);
     });
@@ -137,9 +167,14 @@ void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath
     if (list && Ask(list, LVM_GETITEMCOUNT, 0, 0, value)) result.counts.items = static_cast<int>(value);
     if (list && Ask(list, LVM_GETSELECTEDCOUNT, 0, 0, value)) result.counts.selected = static_cast<int>(value);
     if (!folderPath.empty() && !stop.stop_requested()) {
+        std::stop_callback wakeOnStop(stop, [this] { SetEvent(stopped_.get()); });
         const bool partial = result.counts.selected > 0 && result.counts.selected < result.counts.items;
-        result.counts.sizesKnown = ScanFolder(folderPath, result.counts, stop);
-        result.counts.selectedBytes = !partial ? result.counts.totalBytes : SelectedBytes(done, stop);
+        FolderScan scan;
+        const bool opened = scan.Open(folderPath);
+        const uint64_t selected = partial ? SelectedBytes(done, stop, scan, result.counts) : 0;
+        while (opened && !stop.stop_requested() && scan.Step(kScanStep, result.counts)) {}
+        result.counts.sizesKnown = opened && !stop.stop_requested();
+        result.counts.selectedBytes = !partial ? result.counts.totalBytes : selected;
         ULARGE_INTEGER freeBytes{}, totalBytes{};
         if (!stop.stop_requested() && GetDiskFreeSpaceExW(folderPath.c_str(), &freeBytes, &totalBytes, nullptr)) {
             result.freeKnown = true;

@@ -21,8 +21,9 @@ struct StatusResult {
     uint64_t driveBytes = 0;
 };
 
-// The worker asks the GUI thread for the sizes of selected entries in batches: one message per
-// batch instead of several per entry, and no batch holds the GUI thread for more than a few ms.
+// The worker asks the GUI thread for the sizes of selected entries in batches: one posted
+// message per batch instead of several per entry, no batch holds the GUI thread for more than a
+// few ms, and input is served between batches. The worker reads the folder meanwhile.
 inline constexpr UINT kMsgSelectionBatch = WM_APP + 0x121;
 
 class StatusWorker {
@@ -43,7 +44,8 @@ public:
 
 private:
     void Work(std::stop_token stop, HWND list, std::wstring folderPath, HWND done, UINT doneMessage);
-    uint64_t SelectedBytes(HWND owner, std::stop_token stop);
+    class FolderScan;
+    uint64_t SelectedBytes(HWND owner, std::stop_token stop, FolderScan& scan, ListCounts& counts);
 
     struct Batch {
         bool asked = false;
@@ -53,6 +55,8 @@ private:
     };
     std::mutex batchMutex_;
     Batch batch_;
+    win::UniqueHandle answered_;  // set by the GUI thread when it took a batch request
+    win::UniqueHandle stopped_;   // set when the running job is asked to stop
 
     mutable std::mutex mutex_;
     StatusResult result_;
