@@ -210,7 +210,7 @@ TEST_F(Layouts, AddressBarModesFromTheMenuAreAppliedAndKept) {
         }
         ASSERT_NE(box, nullptr) << command;
         wchar_t text[256] = {};
-        GetDlgItemTextW(box, 0xFFFF, text, 256);
+        for (int i = 0; i < 100 && !GetDlgItemTextW(box, 0xFFFF, text, 256); ++i) Sleep(20);  // still being made
         EXPECT_STREQ(text, L"Wildcard for the next version / Vista addressbar and + + + \n\n"
                            L"Platzhalter f\u00FCr die n\u00E4chste Version / Vista-Adressleiste und + + + ");
         PostMessageW(box, WM_COMMAND, IDOK, 0);

@@ -31,7 +31,11 @@ public:
               while (!stop.stop_requested()) {
                   if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
                       wchar_t text[512] = {};
-                      GetDlgItemTextW(box, 0xFFFF, text, 512);
+                      // A box found while it is being made has no text yet: look again.
+                      if (!GetDlgItemTextW(box, 0xFFFF, text, 512)) {
+                          Sleep(20);
+                          continue;
+                      }
                       {
                           std::lock_guard lock(mutex_);
                           text_ = text;

@@ -98,9 +98,10 @@ TEST(ViewPanel, FifteenBrowsersThenMax16UntilOneIsClosed) {
         while (!stop.stop_requested() && !sawMessage) {
             if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
                 wchar_t text[64] = {};
-                GetDlgItemTextW(box, 0xFFFF, text, 64);
-                sawMessage = std::wstring(text) == L"Max=16";
-                PostMessageW(box, WM_COMMAND, IDOK, 0);
+                if (GetDlgItemTextW(box, 0xFFFF, text, 64)) {  // none yet while the box is being made
+                    sawMessage = std::wstring(text) == L"Max=16";
+                    PostMessageW(box, WM_COMMAND, IDOK, 0);
+                }
             }
             Sleep(20);
         }
