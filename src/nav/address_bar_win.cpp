@@ -327,7 +327,7 @@ LRESULT CAdressBar::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         }
         if (lParam && reinterpret_cast<HWND>(lParam) == tools_) {
-            if (LOWORD(wParam) == kTreeDropDownId) OpenTreeDropDown();  // the tree's choice, or the button
+            if (LOWORD(wParam) == kTreeDropDownId) OpenTreeDropDown();  // posted by the button's arrow
             return 0;
         }
         if (lParam && HIWORD(wParam) == BN_CLICKED) Command(LOWORD(wParam));

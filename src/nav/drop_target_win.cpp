@@ -25,16 +25,6 @@ std::wstring TextOf(IDataObject* data) {
     return text;
 }
 
-std::wstring FirstFileOf(IDataObject* data) {
-    FORMATETC wanted{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-    STGMEDIUM medium{};
-    if (!data || FAILED(data->GetData(&wanted, &medium))) return {};
-    wchar_t name[MAX_PATH] = {};
-    DragQueryFileW(static_cast<HDROP>(medium.hGlobal), 0, name, MAX_PATH);
-    ReleaseStgMedium(&medium);
-    return name;
-}
-
 }  // namespace
 
 CIDropTargetPlus::CIDropTargetPlus(HWND owner) : owner_(owner) { ++live; }
@@ -94,7 +84,8 @@ DWORD CIDropTargetPlus::OpeningEffect(DWORD allowed) {
 }
 
 std::wstring CIDropTargetPlus::DropTextOf(IDataObject* data) {
-    const std::wstring file = FirstFileOf(data);
+    const std::vector<std::wstring> files = DroppedFilesOf(data);
+    const std::wstring file = files.empty() ? std::wstring() : files.front().substr(0, MAX_PATH - 1);
     if (file.empty()) return TextOf(data);
     if (KindOfDroppedFile(file) == DroppedFileKind::kInternetShortcut) {
         wchar_t address[1025] = {};

@@ -127,8 +127,6 @@ int ViewToolbars::Height() const {
     return HIWORD(size);
 }
 
-// The main toolbar gives up its last buttons while it is wider than `room`, so that the first
-// ones (back, forward, up) are never cut off; they come back when there is room. Its width.
 void ViewToolbars::ShowMainButtons(int from, bool visible) {
     HWND bar = bars_[0];
     const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
@@ -141,6 +139,8 @@ void ViewToolbars::ShowMainButtons(int from, bool visible) {
     mainHidden_ = !visible && from < count;
 }
 
+// The main toolbar gives up its last buttons while it is wider than `room`, so that the first
+// ones (back, forward, up) are never cut off; they come back when there is room. Its width.
 int ViewToolbars::FitMainBar(int room) {
     HWND bar = bars_[0];
     const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));

@@ -91,14 +91,17 @@ ShellLook LookOf(PCIDLIST_ABSOLUTE pidl) {
     return {info.szDisplayName, info.iIcon};
 }
 
-// A directory dresses itself (desktop.ini) only when marked read-only or system.
+bool IsPlainDirectory(DWORD attributes) {
+    const DWORD own = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_REPARSE_POINT;
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) && !(attributes & own);
+}
+
 ShellLook FolderLookOf(PCIDLIST_ABSOLUTE pidl) {
     const std::wstring path = FileSystemPathOf(pidl);
     const bool belowDrive = path.size() > 3 && path[1] == L':' && path[2] == L'\\';
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    const DWORD own = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_REPARSE_POINT;
     if (belowDrive && GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) &&
-        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && !(data.dwFileAttributes & own)) {
+        IsPlainDirectory(data.dwFileAttributes)) {
         const size_t slash = path.find_last_of(L'\\');
         if (slash + 1 < path.size()) return {path.substr(slash + 1), PlainFolderIcon(false)};
     }

@@ -28,6 +28,9 @@ std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl);
 // The system's small-icon list, asked for without extracting any icon (asking with a drive's
 // path also loads that drive's icon first: about 50 ms at start under Wine). Not ours to free.
 HIMAGELIST SystemSmallIcons();
+// A directory not marked read-only or system (nor a reparse point): the only kind whose
+// desktop.ini cannot give it a name or icon of its own.
+bool IsPlainDirectory(DWORD attributes);
 // The system list's icon of a plain folder, closed or open, asked for without any folder.
 int PlainFolderIcon(bool open);
 // The shell's display name of a folder or item and its index in the system's small-icon list.
