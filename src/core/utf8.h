@@ -13,3 +13,10 @@ bool DecodeUtf8(std::string_view bytes, std::wstring& text);
 std::wstring DecodeUtf8OrLatin1(std::string_view bytes);
 
 }  // namespace tessel
+
+namespace tessel {
+
+// The text as UTF-8; a lone surrogate becomes U+FFFD.
+std::string EncodeUtf8(std::wstring_view text);
+
+}  // namespace tessel

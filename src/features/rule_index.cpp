@@ -1,0 +1,190 @@
+#include "features/rule_index.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cwctype>
+#include <map>
+
+namespace tessel {
+namespace {
+
+constexpr unsigned kKnownFlags = 0x80000000u;  // the folder and hidden answers are in
+
+std::wstring_view ExtensionOf(std::wstring_view text) {
+    const size_t dot = text.rfind(L'.');
+    return dot == std::wstring_view::npos ? std::wstring_view() : text.substr(dot);
+}
+
+size_t HashOf(std::wstring_view text) {
+    uint32_t hash = 2166136261u;
+    for (wchar_t c : text) hash = (hash ^ static_cast<uint32_t>(c)) * 16777619u;
+    return hash;
+}
+
+// Takes a rule's style value into the running result when that style is still open.
+void TakeStyle(int value, int& style, int bit, int& flags, int& open) {
+    if (style != -1 || value == -1) return;
+    style = value;
+    open &= ~bit;
+    if (value != 0) flags |= bit;
+}
+
+}  // namespace
+
+// Names are mostly ASCII: one branch-free pass, the library only for the rest.
+void FoldUpperPortable(wchar_t* text, size_t length) {
+    bool beyondAscii = false;
+    for (size_t i = 0; i < length; ++i) {
+        const wchar_t c = text[i];
+        beyondAscii |= c >= 0x80;
+        text[i] = static_cast<unsigned>(c - L'a') < 26u ? static_cast<wchar_t>(c - 32) : c;
+    }
+    if (beyondAscii)
+        for (size_t i = 0; i < length; ++i)
+            if (text[i] >= 0x80) text[i] = static_cast<wchar_t>(std::towupper(text[i]));
+}
+
+void RuleIndex::Rebuild(const RuleTable& table, CaseFold upper) {
+    entries_.clear();
+    bgActive_ = bgOther_ = starColour_ = kNoColour;
+    std::map<std::wstring, Entry> byToken;
+    int priority = 0;
+    for (int slot = 0; slot < table.count; ++slot) {
+        const ColourRule& rule = table.slots[slot];
+        if (!rule.enabled) continue;
+        std::wstring pattern = rule.pattern;
+        std::replace(pattern.begin(), pattern.end(), L',', L';');
+        for (size_t start = 0; start <= pattern.size();) {
+            size_t end = std::min(pattern.find(L';', start), pattern.size());
+            std::wstring token = pattern.substr(start, end - start);
+            start = end + 1;
+            if (token.empty()) continue;
+            std::wstring folded = token;
+            upper(folded.data(), folded.size());
+            if (folded.starts_with(L"#BG-A")) {
+                bgActive_ = rule.colour;
+            } else if (folded.starts_with(L"#BG")) {
+                bgOther_ = rule.colour;
+            } else {
+                byToken[folded] = Entry{token, folded, {}, TokenKind::kPattern, rule.colour, rule.italic,
+                                        rule.underline, rule.bold, rule.strikeout, priority++};
+            }
+            if (folded.starts_with(L"*")) starColour_ = rule.colour;  // the last one decides
+        }
+    }
+    for (auto& [folded, entry] : byToken) entries_.push_back(std::move(entry));
+    std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) { return a.priority < b.priority; });
+    for (Entry& entry : entries_) {
+        if (entry.upper.starts_with(L"#DIR")) entry.kind = TokenKind::kFolder;
+        else if (entry.upper.starts_with(L"#RO")) entry.kind = TokenKind::kReadOnly;
+        else if (entry.upper.starts_with(L"#")) entry.kind = TokenKind::kHidden;
+        else if (entry.upper == L"*") entry.kind = TokenKind::kAll;
+        else entry.pattern = WildcardPattern(entry.upper);
+    }
+    int styles = 0;
+    bool colour = false;
+    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
+        styles |= (entry->italic != -1 ? kStyleItalic : 0) | (entry->bold != -1 ? kStyleBold : 0) |
+                  (entry->underline != -1 ? kStyleUnderline : 0) | (entry->strikeout != -1 ? kStyleStrikeout : 0);
+        colour = colour || entry->colour != kNoColour;
+        entry->laterStyles = styles;
+        entry->laterColour = colour;
+    }
+    IndexByExtension();
+}
+
+// A "*.ext" token can only match names ending in ".ext": such tokens are looked up by the
+// name's extension instead of being tried one by one.
+void RuleIndex::IndexByExtension() {
+    general_.clear();
+    byExtension_.clear();
+    for (size_t i = 0; i < entries_.size(); ++i) {
+        const std::wstring_view extension =
+            entries_[i].kind == TokenKind::kPattern ? ExtensionOf(entries_[i].pattern.RequiredSuffix()) : L"";
+        if (extension.empty()) {
+            general_.push_back(static_cast<uint16_t>(i));
+            continue;
+        }
+        auto at = std::find_if(byExtension_.begin(), byExtension_.end(), [&](const auto& e) { return e.first == extension; });
+        if (at == byExtension_.end()) at = byExtension_.insert(at, {std::wstring(extension), {}});
+        at->second.push_back(static_cast<uint16_t>(i));
+    }
+    size_t size = 16;
+    while (size < 2 * byExtension_.size()) size *= 2;
+    extensionSlots_.assign(size, -1);
+    for (size_t e = 0; e < byExtension_.size(); ++e) {
+        size_t slot = HashOf(byExtension_[e].first) & (size - 1);
+        while (extensionSlots_[slot] >= 0) slot = (slot + 1) & (size - 1);
+        extensionSlots_[slot] = static_cast<int32_t>(e);
+    }
+}
+
+const RuleIndex::Indices* RuleIndex::CandidatesFor(std::wstring_view upperName) const {
+    const std::wstring_view extension = ExtensionOf(upperName);
+    if (extension.empty() || byExtension_.empty()) return nullptr;
+    const size_t mask = extensionSlots_.size() - 1;
+    for (size_t slot = HashOf(extension) & mask; extensionSlots_[slot] >= 0; slot = (slot + 1) & mask) {
+        const auto& [key, indices] = byExtension_[static_cast<size_t>(extensionSlots_[slot])];
+        if (key.size() != extension.size()) continue;
+        size_t i = 0;
+        while (i < key.size() && key[i] == extension[i]) ++i;
+        if (i == key.size()) return &indices;
+    }
+    return nullptr;
+}
+
+bool RuleIndex::EntryMatches(const Entry& entry, std::wstring_view upperName, IItemAttributes& item,
+                             unsigned& known) const {
+    switch (entry.kind) {
+    case TokenKind::kAll:
+        return true;
+    case TokenKind::kPattern:
+        return entry.pattern.Matches(upperName);
+    default:
+        break;
+    }
+    if (!(known & kKnownFlags)) known = item.Attributes(kAttrFolder | kAttrHidden) | kKnownFlags;
+    if (entry.kind == TokenKind::kFolder) return known & kAttrFolder;
+    if (entry.kind == TokenKind::kHidden) return known & kAttrHidden;
+    // A drive root (empty name) and a read-only "a.b" are never taken for read-only files.
+    return !(known & kAttrFolder) && upperName.size() >= 4 && (item.Attributes(kAttrReadOnly) & kAttrReadOnly);
+}
+
+// Walks the tokens in priority order and stops once no later token can change the result.
+int RuleIndex::Match(std::wstring_view upperName, IItemAttributes& item, int* flags) const {
+    int colour = kNoColour, italic = -1, bold = -1, underline = -1, strikeout = -1, styleFlags = 0;
+    int openStyles = flags ? kStyleItalic | kStyleBold | kStyleUnderline | kStyleStrikeout : 0;
+    unsigned known = 0;
+    static const Indices kNone;
+    const Indices* candidates = CandidatesFor(upperName);
+    const Indices& special = candidates ? *candidates : kNone;
+    size_t g = 0, s = 0;
+    while (g < general_.size() || s < special.size()) {
+        const bool fromGeneral = s >= special.size() || (g < general_.size() && general_[g] < special[s]);
+        const Entry& entry = entries_[fromGeneral ? general_[g++] : special[s++]];
+        if ((colour != kNoColour || !entry.laterColour) && !(openStyles & entry.laterStyles)) break;
+        if (!EntryMatches(entry, upperName, item, known)) continue;
+        if (colour == kNoColour) colour = entry.colour;
+        if (!flags) continue;
+        TakeStyle(entry.italic, italic, kStyleItalic, styleFlags, openStyles);
+        TakeStyle(entry.bold, bold, kStyleBold, styleFlags, openStyles);
+        TakeStyle(entry.underline, underline, kStyleUnderline, styleFlags, openStyles);
+        TakeStyle(entry.strikeout, strikeout, kStyleStrikeout, styleFlags, openStyles);
+    }
+    if (flags) *flags = styleFlags;
+    return colour;
+}
+
+std::wstring RuleIndex::PriorityText() const {
+    std::wstring text = L"Total :" + std::to_wstring(entries_.size()) + L"\n----\n";
+    for (const Entry& entry : entries_) {
+        wchar_t line[96];
+        std::swprintf(line, 96, L"Priority %03d [\t%d\t%d\t%d\t%d]\t[", entry.priority, entry.italic, entry.bold,
+                      entry.underline, entry.strikeout);
+        text += line;
+        text += entry.token + L"]\n";
+    }
+    return text;
+}
+
+}  // namespace tessel
