@@ -42,6 +42,9 @@
 #define ID_START_MODE_FIRST 32960  // start mode = id - 32960, up to 32971
 #define ID_START_MODE_LAST 32971
 #define ID_START_MODE_LAST_STATE 32965
+#define ID_COLOUR_SCHEME_FIRST 34053  // scheme = id - 34053, up to 34063
+#define ID_COLOUR_SCHEME_LAST 34063
+#define ID_COLOUR_NONE 34072
 // Address bar options: the tree drop-down and select-all switches, where the bars are
 // (34011 one in the frame, 34012 one per T-View, 34013 none), their style and highlighting, and
 // the two placeholder commands.

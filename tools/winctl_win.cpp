@@ -3,6 +3,7 @@
 //   winctl close [timeout-ms]         asks every main window to close and waits until they are gone
 //   winctl launch exe [arguments...]  starts exe, waits for its main window, prints "window-ms: N"
 //                                     and "working-set-mb: N", and leaves it running
+//   winctl command id                 sends the menu command `id` to the main window
 #include <windows.h>
 #include <psapi.h>
 
@@ -87,5 +88,9 @@ int wmain(int argc, wchar_t** argv) {
     if (verb == L"wait") return Wait(timeout);
     if (verb == L"close") return Close(timeout);
     if (verb == L"launch" && argc > 2) return Launch(argc, argv);
+    if (verb == L"command" && argc > 2) {
+        HWND frame = AnyFrame();
+        return frame && SendMessageW(frame, WM_COMMAND, static_cast<WPARAM>(_wtoi(argv[2])), 0) == 0 ? 0 : 1;
+    }
     return 2;
 }

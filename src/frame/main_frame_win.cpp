@@ -7,6 +7,7 @@
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "features/program_colours_win.h"
 #include "frame/help_win.h"
 #include "win/start_trace_win.h"
 #include "res/resource.h"
@@ -76,6 +77,7 @@ bool CMainFrame::PreTranslate(MSG& message) {
 bool CMainFrame::OnCreate() {
     StartMark("frame-create");
     LoadGeneralOptions(Settings(), Options());
+    Colours().Load(Settings());
     ReplaceMenu();
     statusBar_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | SBARS_SIZEGRIP, 0, 0, 0, 0, hwnd(),
                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(59393)), GetModuleHandleW(nullptr),
@@ -203,6 +205,24 @@ void CMainFrame::ShowAbout() {
     DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_ABOUT), hwnd(), AboutProcedure, 0);
 }
 
+// A scheme replaces the colour rules and turns colours on; "no colours" writes scheme 0 and
+// turns them off.
+void CMainFrame::ChooseColourScheme(int scheme) {
+    const int use = scheme >= 0 ? 1 : 0;
+    Colours().WriteScheme(Settings(), scheme >= 0 ? scheme : 0);
+    Options().useTreeColor = use;
+    Options().useColor = use;
+    WriteOption(Settings(), L"useTreeColor", use);
+    WriteOption(Settings(), L"useColor", use);
+    ApplyColours();
+}
+
+void CMainFrame::ApplyColours() {
+    for (int i = 0; i < kViewCount; ++i) panels_[i]->SetInUse(i + 1 == focusedView_);
+    OnCommand(ID_VIEW_REFRESH_ALL, 0);
+    RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
 void CMainFrame::StartFurtherInstance() {
     const std::wstring handOver = HandOverStatePath(Settings().DataFolder());
     wchar_t exe[MAX_PATH] = {};
@@ -239,6 +259,8 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_LANGUAGE_ENGLISH: SetLanguage(1); break;
     default:
         if (AddressBarCommand(id)) break;
+        if (id >= ID_COLOUR_SCHEME_FIRST && id <= ID_COLOUR_SCHEME_LAST) ChooseColourScheme(id - ID_COLOUR_SCHEME_FIRST);
+        else if (id == ID_COLOUR_NONE) ChooseColourScheme(-1);
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
         else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);

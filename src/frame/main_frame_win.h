@@ -79,6 +79,8 @@ private:
     CAdressBar* FrameAddressBar() const { return addressBar_.get(); }
     void SaveFolderSetDialog();
     void StartFurtherInstance();
+    void ChooseColourScheme(int scheme);  // -1: no colours
+    void ApplyColours();  // backgrounds and lists again after the rules changed
 
     void RequestClose();
     void SaveStateOnce();

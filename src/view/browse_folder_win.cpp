@@ -197,6 +197,9 @@ void CMyShellBrowser::AfterViewCreated() {
     HWND list = GetListControl();
     if (list && IsChild(viewWindow_, list)) {
         if (win::Subclass(list, &CMyShellBrowser::ListProc, this)) subclassedList_ = list;
+        if (win::Subclass(viewWindow_, &CMyShellBrowser::ViewProc, this)) subclassedView_ = viewWindow_;
+        folderView_ = view_.As<IFolderView>();
+        ApplyBackground();
         if (Options().no_keep_grouping) {
             SendMessageW(list, LVM_ENABLEGROUPVIEW, FALSE, 0);
             SendMessageW(list, LVM_REMOVEALLGROUPS, 0, 0);

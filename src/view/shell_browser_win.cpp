@@ -123,9 +123,6 @@ STDMETHODIMP CMyShellBrowser::OnStateChange(IShellView*, ULONG change) {
     return S_OK;
 }
 
-// The view filter acts here; until it is set, every item is listed.
-STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD) { return S_OK; }
-
 void CMyShellBrowser::SetActive(bool active) {
     ShowWindow(hwnd(), active ? SW_SHOW : SW_HIDE);
     if (!view_) return;
@@ -148,8 +145,8 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
     case kMsgShellChange:
         OnShellChange(wParam, lParam);
         return 0;
-    case kMsgQueryItem:
-        return -1;  // answered for the colour rules once they exist
+    case kMsgQueryItem:  // the colour of the list's item wParam; lParam receives its style flags
+        return QueryItemColour(static_cast<int>(wParam), reinterpret_cast<int*>(lParam));
     case WM_SIZE:
         if (viewWindow_)
             SetWindowPos(viewWindow_, nullptr, 0, 0, LOWORD(lParam), HIWORD(lParam), SWP_NOZORDER | SWP_NOACTIVATE);
@@ -273,6 +270,9 @@ void CMyShellBrowser::TearDownView() {
     notifyId_ = 0;
     if (subclassedList_) win::Unsubclass(subclassedList_);
     subclassedList_ = nullptr;
+    if (subclassedView_) win::Unsubclass(subclassedView_);
+    subclassedView_ = nullptr;
+    folderView_.reset();
     if (view_) {
         view_->UIActivate(SVUIA_DEACTIVATE);
         view_->DestroyViewWindow();

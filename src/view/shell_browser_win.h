@@ -21,6 +21,7 @@
 namespace tessel {
 
 class CMyShellBrowser;
+struct ViewFilter;
 
 // What a browser view tells its panel and asks of it.
 class IBrowserOwner {
@@ -35,6 +36,8 @@ public:
     virtual int ViewNumber() const = 0;  // counted from 0
     // The view filter's switches that travel with the history entries.
     virtual ViewFilterState FilterState() const { return {}; }
+    // The filter the view lists its folder through; null: every item is listed.
+    virtual const ViewFilter* Filter() const { return nullptr; }
     // Back or forward became possible or impossible.
     virtual void HistoryChanged(CMyShellBrowser& browser) {}
 };
@@ -119,6 +122,8 @@ public:
     void SelectItems(const std::vector<ItemBytes>& items);
     const ShellChange& LastShellChange() const { return lastChange_; }
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
+    // The view and list colours after the colour rules or the T-View in use changed.
+    void SetInUseColours(bool inUse);
     bool closed = false;  // kept by the panel for reuse
     bool busy = false;
     void RequestStatus() { statusRequested_ = true; }
@@ -157,6 +162,13 @@ private:
     void AfterViewCreated();
     std::wstring FolderPathForStatus() const;
 
+    // The list's colours and fonts, drawn by the colour rules.
+    static LRESULT ViewProc(HWND, UINT, WPARAM, LPARAM, void* data);
+    LRESULT OnListCustomDraw(NMLVCUSTOMDRAW* draw);
+    int QueryItemColour(int index, int* flags) const;
+    IShellFolder* ListedFolder() const;  // the folder being listed or shown
+    void ApplyBackground();
+
     // Context menus, keyboard and the clipboard of the list.
     static LRESULT ListProc(HWND, UINT, WPARAM, LPARAM, void* data);
     bool OnListKey(WPARAM key);
@@ -175,6 +187,8 @@ private:
     win::ComPtr<IShellView> view_;
     HWND viewWindow_ = nullptr;
     HWND subclassedList_ = nullptr;
+    HWND subclassedView_ = nullptr;
+    win::ComPtr<IFolderView> folderView_;  // of view_, for the items the list draws
     win::UniquePidl target_;  // the folder asked for
     win::ComPtr<IShellFolder> targetFolder_;  // bound while a navigation runs
     win::UniquePidl shown_;   // the folder the view shows
@@ -199,6 +213,7 @@ private:
     bool firstNavigationDone_ = false;
     bool suppressClick_ = false;
     bool viewSaved_ = false;
+    bool inUse_ = false;  // the browser view of the T-View in use
     UINT uiState_ = SVUIA_ACTIVATE_NOFOCUS;
     COLORREF colors_[4] = {};
 

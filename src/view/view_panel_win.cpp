@@ -75,6 +75,7 @@ bool CPloder::OnCreate() {
                   WS_EX_CLIENTEDGE, hwnd(), kTreeId);
     filterBox_ = Child(L"EDIT", WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, hwnd(), kFilterBoxId);
     ReadFilterValues();
+    InitFilterBox();
     location_ = Child(L"STATIC", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS | SS_CENTERIMAGE, 0, hwnd(),
                       kLocationId);
     filterLabel_ = Child(L"STATIC", SS_LEFT | SS_CENTERIMAGE, 0, hwnd(), kFilterLabelId,
@@ -94,11 +95,7 @@ bool CPloder::OnCreate() {
 
 void CPloder::ReadFilterValues() {
     ISettingsStore& settings = Settings();
-    filter_.by_filter = settings.GetInt(sectionName_, L"by_filter", filter_.by_filter);
-    filter_.by_negativ = settings.GetInt(sectionName_, L"by_negativ", filter_.by_negativ);
-    filter_.by_dir_filter = settings.GetInt(sectionName_, L"by_dir_filter", filter_.by_dir_filter);
-    filter_.show_filter = settings.GetInt(sectionName_, L"show_filter", filter_.show_filter);
-    filter_.by_auto_wildcard = settings.GetInt(sectionName_, L"by_auto_wildcard", filter_.by_auto_wildcard);
+    ReadFilterSwitches(settings, sectionName_, filter_.switches);
     showTree_ = settings.GetInt(sectionName_, L"show_tree", showTree_);
 }
 
@@ -121,6 +118,7 @@ CMyShellBrowser* CPloder::GetOrCreateBrowser() {
     if (!browser->Create(hwnd())) return nullptr;
     ShowWindow(browser->hwnd(), SW_HIDE);
     browser->LoadColumnMemory();
+    browser->SetInUseColours(inUse_);
     browsers_[choice.slot] = held;
     ++count_;
     return browser;
@@ -192,6 +190,7 @@ void CPloder::ApplyAddressBarMode() {
 void CPloder::SetInUse(bool inUse) {
     inUse_ = inUse;
     if (addressBar_) addressBar_->SetActive(inUse);
+    for (int i = 0; i < count_; ++i) browsers_[i]->SetInUseColours(inUse);
 }
 
 bool CPloder::NavigateToSpecial(int csidl) { return NavigateTo(win::SpecialFolder(csidl)); }
@@ -312,11 +311,14 @@ void CPloder::ReloadTreeState() {
     Layout();
 }
 
+// The filter acts only while its box is shown: showing or hiding it lists the folder again.
 void CPloder::ToggleFilterBox() {
-    filter_.show_filter = filter_.show_filter ? 0 : 1;
-    Settings().PutInt(sectionName_, L"show_filter", filter_.show_filter);
+    FilterSwitches& switches = filter_.switches;
+    switches.show_filter = switches.show_filter ? 0 : 1;
+    Settings().PutInt(sectionName_, L"show_filter", switches.show_filter);
     Layout();
-    if (filter_.show_filter) SetFocus(filterBox_);
+    if (switches.show_filter) SetFocus(filterBox_);
+    if (switches.by_filter && !filter_.tokens.Empty() && active_) active_->RefreshView();
 }
 
 void CPloder::Layout() {
@@ -349,7 +351,7 @@ void CPloder::Layout() {
     } else if (tabs_) {
         ShowWindow(tabs_->Strip(), SW_HIDE);
     }
-    const bool showFilter = filter_.show_filter != 0;
+    const bool showFilter = filter_.switches.show_filter != 0;
     ShowWindow(filterLabel_, showFilter ? SW_SHOW : SW_HIDE);
     ShowWindow(filterBox_, showFilter ? SW_SHOW : SW_HIDE);
     if (showFilter) {
@@ -410,6 +412,7 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         Layout();
         return 0;
     case WM_COMMAND:
+        if (reinterpret_cast<HWND>(lParam) == filterBox_ && HIWORD(wParam) == EN_CHANGE) OnFilterBoxChanged();
         if (lParam && HIWORD(wParam) != BN_CLICKED) break;  // notifications of the filter box
         if (active_) active_->Execute(LOWORD(wParam));
         return 0;
@@ -418,6 +421,13 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFOCUS:
         if (active_) SetFocus(active_->hwnd());
         return 0;
+    case WM_TIMER:
+        if (wParam == kFilterPauseTimer) {
+            KillTimer(hwnd(), kFilterPauseTimer);
+            ApplyFilterText();
+            return 0;
+        }
+        break;
     case WM_DESTROY:
         // The strip still exists here (children go after their parent's WM_DESTROY): its drop
         // target is revoked and its tab records freed while it can still be asked for them.

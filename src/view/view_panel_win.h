@@ -9,6 +9,7 @@
 
 #include "nav/address_bar_win.h"
 #include "nav/folder_tree_win.h"
+#include "features/view_filter.h"
 #include "nav/tab_view_win.h"
 #include "view/browser_slots.h"
 #include "view/shell_browser_win.h"
@@ -21,14 +22,9 @@ namespace tessel {
 
 inline constexpr int kTreeId = 4567;
 inline constexpr int kFilterBoxId = 4568;
-
-struct PanelFilter {  // what the view filter reads from the panel's section
-    int by_filter = 0;
-    int by_negativ = 0;
-    int by_dir_filter = 0;
-    int show_filter = 0;
-    int by_auto_wildcard = 1;
-};
+// Typing in the filter box lists the folder again once the typing pauses this long.
+inline constexpr UINT_PTR kFilterPauseTimer = 4568;
+inline constexpr UINT kFilterPauseMs = 300;
 
 class CPloder : public win::Window, public IBrowserOwner, public ITabOwner {
 public:
@@ -58,7 +54,10 @@ public:
     int BrowserCount() const { return count_; }
     const std::wstring& SectionName() const { return sectionName_; }
     const std::wstring& ColumnSection() const { return columnSection_; }
-    const PanelFilter& Filter() const { return filter_; }
+    const ViewFilter* Filter() const override { return &filter_; }
+    // Takes the filter box's text as the filter and lists the folder again when that changes
+    // what is shown; an empty text is remembered nowhere.
+    void ApplyFilterText();
     HWND StatusBar() const { return statusBar_; }
     int ShowTree() const { return showTree_; }
     int TreeSplit() const { return treeSplit_; }  // the tree's width in ten-thousandths
@@ -76,7 +75,8 @@ public:
     void ToggleFilterBox() override;
     void BrowserFocused(CMyShellBrowser& browser) override;
     ViewFilterState FilterState() const override {
-        return {filter_.by_filter, filter_.by_negativ, filter_.by_dir_filter, filter_.show_filter};
+        const FilterSwitches& s = filter_.switches;
+        return {s.by_filter, s.by_negativ, s.by_dir_filter, s.show_filter};
     }
     void HistoryChanged(CMyShellBrowser& browser) override;
     // Reads "show_tree" again (the frame's tree mode changed) and lays the panel out.
@@ -112,6 +112,8 @@ protected:
 private:
     bool OnCreate();
     void ReadFilterValues();
+    void InitFilterBox();
+    void OnFilterBoxChanged();
     void Layout();
     LRESULT OnNotify(NMHDR* header);
 
@@ -122,7 +124,8 @@ private:
     std::array<win::ComPtr<CMyShellBrowser>, kBrowserSlots> browsers_;
     int count_ = 0;
     CMyShellBrowser* active_ = nullptr;
-    PanelFilter filter_;
+    ViewFilter filter_;
+    std::wstring filterText_;  // the text the tokens were made from
     int showTree_ = 0;
     int treeSplit_ = 2500;
 

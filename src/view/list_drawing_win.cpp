@@ -1,0 +1,99 @@
+// What the browser view decides about the items of its list: which are listed (the view
+// filter) and how each is drawn (the colour rules).
+#include <windows.h>
+
+#include <commctrl.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include "core/general_options.h"
+#include "features/program_colours_win.h"
+#include "features/view_filter.h"
+#include "view/shell_browser_win.h"
+#include "win/subclass_win.h"
+
+namespace tessel {
+
+IShellFolder* CMyShellBrowser::ListedFolder() const {
+    return targetFolder_ ? targetFolder_.get() : shownFolder_.get();  // the first while a view is made
+}
+
+// The view asks for every item while it lists the folder; S_FALSE leaves the item out.
+STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD item) {
+    const ViewFilter* filter = owner_.Filter();
+    IShellFolder* folder = ListedFolder();
+    if (!filter || !filter->Acts() || !folder || !item) return S_OK;
+    bool isFolder = false;
+    if (!filter->switches.by_dir_filter) {
+        SFGAOF attributes = SFGAO_FOLDER;
+        PCUITEMID_CHILD items[] = {item};
+        isFolder = SUCCEEDED(folder->GetAttributesOf(1, items, &attributes)) && (attributes & SFGAO_FOLDER);
+        if (isFolder) return S_OK;
+    }
+    // The file name itself, extension included, whether or not the view shows extensions.
+    STRRET text{};
+    wchar_t name[MAX_PATH] = {};
+    if (SUCCEEDED(folder->GetDisplayNameOf(item, SHGDN_INFOLDER | SHGDN_FORPARSING, &text)))
+        StrRetToBufW(&text, item, name, MAX_PATH);
+    const size_t length = wcslen(name);
+    FoldLowerWin(name, length);
+    return FilterShows(filter->switches, filter->tokens, {name, length}, isFolder) ? S_OK : S_FALSE;
+}
+
+int CMyShellBrowser::QueryItemColour(int index, int* flags) const {
+    if (flags) *flags = 0;
+    PITEMID_CHILD item = nullptr;
+    if (!folderView_ || index < 0 || FAILED(folderView_->Item(index, &item)) || !item) return kNoColour;
+    const int colour = Colours().MatchItem(shownFolder_.get(), item, flags);
+    CoTaskMemFree(item);
+    return colour;
+}
+
+LRESULT CMyShellBrowser::OnListCustomDraw(NMLVCUSTOMDRAW* draw) {
+    switch (draw->nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+        return Options().useColor && !Colours().Index().Empty() ? CDRF_NOTIFYITEMDRAW : CDRF_DODEFAULT;
+    case CDDS_ITEMPREPAINT: {
+        int flags = 0;
+        const int colour = QueryItemColour(static_cast<int>(draw->nmcd.dwItemSpec), &flags);
+        if (colour != kNoColour) draw->clrText = static_cast<COLORREF>(colour);
+        if (HFONT font = Colours().FontFor(flags, reinterpret_cast<HFONT>(SendMessageW(draw->nmcd.hdr.hwndFrom, WM_GETFONT, 0, 0)))) {
+            SelectObject(draw->nmcd.hdc, font);
+            return CDRF_NEWFONT;
+        }
+        return CDRF_DODEFAULT;
+    }
+    default:
+        return CDRF_DODEFAULT;
+    }
+}
+
+LRESULT CMyShellBrowser::ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM lParam, void* data) {
+    auto* self = static_cast<CMyShellBrowser*>(data);
+    if (message == WM_NOTIFY) {
+        auto* header = reinterpret_cast<NMHDR*>(lParam);
+        if (header->code == NM_CUSTOMDRAW && header->hwndFrom == self->subclassedList_)
+            return self->OnListCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+    } else if (message == WM_NCDESTROY) {
+        if (self->subclassedView_ == view) self->subclassedView_ = nullptr;
+    }
+    return win::CallOriginal(view, message, wParam, lParam);
+}
+
+void CMyShellBrowser::SetInUseColours(bool inUse) {
+    inUse_ = inUse;
+    ApplyBackground();
+}
+
+// The background follows the colour rules' "#BG-A" (the T-View in use) and "#BG" (the others).
+void CMyShellBrowser::ApplyBackground() {
+    HWND list = subclassedList_;
+    if (!list) return;
+    const COLORREF background = ViewBackground(inUse_);
+    if (static_cast<COLORREF>(SendMessageW(list, LVM_GETBKCOLOR, 0, 0)) == background) return;
+    SendMessageW(list, LVM_SETBKCOLOR, 0, background);
+    SendMessageW(list, LVM_SETTEXTBKCOLOR, 0, background);
+    InvalidateRect(list, nullptr, TRUE);
+}
+
+}  // namespace tessel

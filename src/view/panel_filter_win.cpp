@@ -1,0 +1,49 @@
+// The T-View's filter box: its text becomes the filter of every browser view of the panel.
+#include "core/settings_store_win.h"
+#include "features/program_colours_win.h"
+#include "view/view_panel_win.h"
+
+namespace tessel {
+namespace {
+
+// The text the filter box starts with, read once for the program.
+const std::wstring& InitialFilterText() {
+    static const std::wstring text = Settings().GetString(L"Ordner", L"Filter", L"");
+    return text;
+}
+
+std::wstring WindowText(HWND window) {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+}  // namespace
+
+void CPloder::InitFilterBox() {
+    if (!InitialFilterText().empty()) SetWindowTextW(filterBox_, InitialFilterText().c_str());
+}
+
+// Each change waits for a pause in the typing, so the folder is listed once per pause.
+void CPloder::OnFilterBoxChanged() { SetTimer(hwnd(), kFilterPauseTimer, kFilterPauseMs, nullptr); }
+
+void CPloder::ApplyFilterText() {
+    KillTimer(hwnd(), kFilterPauseTimer);
+    std::wstring text = WindowText(filterBox_);
+    if (text == filterText_) return;
+    FilterTokens tokens(text, FoldLowerWin);
+    const bool changed = tokens.Tokens() != filter_.tokens.Tokens();
+    filterText_ = std::move(text);
+    filter_.tokens = std::move(tokens);
+    FilterSwitches& switches = filter_.switches;
+    if (!filter_.tokens.Empty()) {
+        RememberFilter(Settings(), filterText_);
+        if (!switches.by_filter) {  // typing a filter means wanting it
+            switches.by_filter = 1;
+            Settings().PutInt(sectionName_, L"by_filter", 1);
+        }
+    }
+    if (changed && switches.show_filter && switches.by_filter && active_) active_->RefreshView();
+}
+
+}  // namespace tessel
