@@ -2,6 +2,8 @@
 
 #include <cwchar>
 
+#include "features/size_format.h"
+
 namespace tessel {
 namespace {
 
@@ -42,7 +44,7 @@ std::wstring FormatStatusText(const ListCounts& c, int selectionType, int noSele
             text = Printf(L"%d %ls", c.items, w.items.c_str());
         if (noSelectionType == 1) return text;
     }
-    if (c.sizesKnown) text += L" (" + FormatByteSize(bytes) + L")";
+    if (c.sizesKnown) text += L" (" + FormatSize(bytes) + L")";
     return text;
 }
 

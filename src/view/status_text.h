@@ -20,7 +20,8 @@ struct StatusWords {  // language words
     std::wstring items, selected, folders, files, of;
 };
 
-// "1.5 KB": bytes below 1,024 as "N Bytes", above with one decimal.
+// Drive sizes, "1.5 KB": bytes below 1,024 as "N Bytes", above with one decimal. The list's
+// sizes are written as every other size of the program (FormatSize).
 std::wstring FormatByteSize(uint64_t bytes);
 
 // status_selection_type (something selected): 0 count and size, 1 count only,

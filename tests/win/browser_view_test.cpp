@@ -107,12 +107,12 @@ TEST_F(BrowserView, StatusCountsSizesAndFreeSpace) {
     CMyShellBrowser& browser = host_.Browser();
     ASSERT_TRUE(PumpUntil([&] { return !browser.StatusText().empty(); }));
     EXPECT_NE(browser.StatusText().find(L"4 "), std::wstring::npos) << std::string(browser.StatusText().begin(), browser.StatusText().end());
-    EXPECT_NE(browser.StatusText().find(L"(2.0 KB)"), std::wstring::npos);
+    EXPECT_NE(browser.StatusText().find(L"(2.00 KB)"), std::wstring::npos);
     EXPECT_EQ(browser.FreeSpaceText().rfind(L"Frei:", 0), 0u);
 
     ASSERT_TRUE(SelectByName(browser, L"a.txt"));
     browser.RequestStatus();
-    ASSERT_TRUE(PumpUntil([&] { return browser.StatusText().find(L"(4 Bytes)") != std::wstring::npos; }))
+    ASSERT_TRUE(PumpUntil([&] { return browser.StatusText().find(L"(4 Byte)") != std::wstring::npos; }))
         << std::string(browser.StatusText().begin(), browser.StatusText().end());
     wchar_t part[256] = {};
     SendMessageW(host_.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(part));

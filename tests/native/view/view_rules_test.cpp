@@ -39,15 +39,15 @@ TEST(StatusText, SizesAndEveryStatusChoice) {
 
     const StatusWords words{L"items", L"selected", L"folders", L"files", L"of"};
     ListCounts counts{120, 0, 20, 100, 2048, 0, true};
-    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"120 items (2.0 KB)");
+    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"120 items (1.99 KB)");
     EXPECT_EQ(FormatStatusText(counts, 0, 1, words), L"120 items");
-    EXPECT_EQ(FormatStatusText(counts, 0, 2, words), L"20 folders, 100 files (2.0 KB)");
-    EXPECT_EQ(FormatStatusText(counts, 0, 9, words), L"120 items (2.0 KB)") << "out of range counts as 0";
+    EXPECT_EQ(FormatStatusText(counts, 0, 2, words), L"20 folders, 100 files (1.99 KB)");
+    EXPECT_EQ(FormatStatusText(counts, 0, 9, words), L"120 items (1.99 KB)") << "out of range counts as 0";
     counts.selected = 3;
     counts.selectedBytes = 10;
-    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"3 selected (10 Bytes)");
+    EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"3 selected (10 Byte)");
     EXPECT_EQ(FormatStatusText(counts, 1, 0, words), L"3 selected");
-    EXPECT_EQ(FormatStatusText(counts, 2, 0, words), L"3 of 120 selected (10 Bytes)");
+    EXPECT_EQ(FormatStatusText(counts, 2, 0, words), L"3 of 120 selected (10 Byte)");
     counts.sizesKnown = false;  // Computer and other virtual folders: counts only
     EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"3 selected");
     counts.selected = 0;

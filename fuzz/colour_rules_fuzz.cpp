@@ -1,0 +1,39 @@
+// A colour rules file or "Filter2" lines as a user may hand them over: the rules read, written
+// back and read again unchanged, then made into the index and matched against names.
+#include "features/colour_rules.h"
+#include "features/rule_index.h"
+#include "fuzz_text.h"
+
+using namespace tessel;
+
+namespace {
+
+struct FixedItem : IItemAttributes {
+    unsigned given = 0;
+    unsigned Attributes(unsigned mask) override { return given & mask; }
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::wstring text = fuzz::WideOf(data, size);
+    const std::vector<ColourRule> rules = ParseRulesFile(text);
+    fuzz::Check(rules.size() <= kRuleSlots);
+    fuzz::Check(ParseRulesFile(FormatRulesFile(rules)).size() <= rules.size());
+    RuleTable table;
+    for (const ColourRule& rule : rules) table.slots[table.count++] = rule;
+    RuleIndex index;
+    index.Rebuild(table, FoldUpperPortable);
+    FixedItem item;
+    for (const wchar_t* name : {L"", L"A.TXT", L"SETUP.EXE", L"[X]*?\\", L"A.TAR.GZ"}) {
+        for (unsigned given = 0; given < 8; ++given) {
+            item.given = given;
+            int flags = 0;
+            const int colour = index.Match(name, item, &flags);
+            fuzz::Check(colour == kNoColour || (colour >= 0 && colour <= 0xFFFFFF));
+            fuzz::Check((flags & ~(kStyleItalic | kStyleBold | kStyleUnderline | kStyleStrikeout)) == 0);
+        }
+    }
+    index.PriorityText();
+    return 0;
+}

@@ -1,0 +1,124 @@
+// The colour rules and the view filter in a real T-View: colours read back through the item
+// query the list's drawing uses, backgrounds of the T-View in use, and the filter box.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include "core/general_options.h"
+#include "core/settings_store_win.h"
+#include "features/program_colours_win.h"
+#include "features/rule_index.h"
+#include "view_host_win.h"
+
+namespace tessel::testing {
+namespace {
+
+std::wstring ItemText(HWND list, int index) {
+    wchar_t text[MAX_PATH] = {};
+    LVITEMW item{};
+    item.iSubItem = 0;
+    item.pszText = text;
+    item.cchTextMax = MAX_PATH;
+    SendMessageW(list, LVM_GETITEMTEXTW, index, reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
+bool Listed(CMyShellBrowser& browser, const std::wstring& name) {
+    for (int i = 0; i < ListCount(browser); ++i)
+        if (ItemText(browser.GetListControl(), i).rfind(name, 0) == 0) return true;
+    return false;
+}
+
+struct Drawn {
+    int colour;
+    int flags;
+};
+
+// What the list is told for the item of that name, through message 1249.
+Drawn DrawnAs(CMyShellBrowser& browser, const std::wstring& name) {
+    HWND list = browser.GetListControl();
+    for (int i = 0; i < ListCount(browser); ++i) {
+        if (ItemText(list, i).rfind(name, 0) != 0) continue;
+        int flags = 0;
+        const int colour = static_cast<int>(SendMessageW(browser.hwnd(), kMsgQueryItem, i, reinterpret_cast<LPARAM>(&flags)));
+        return {colour, flags};
+    }
+    return {-2, -2};
+}
+
+void MakeFiles(const TempFolder& folder) {
+    for (const wchar_t* name : {L"setup.exe", L"readme.txt", L"txtnotes.doc", L"photo.JPG", L"plain.dat"})
+        WriteBytes(folder / name, "x");
+    CreateDirectoryW((folder / L"Docs").c_str(), nullptr);
+    CreateDirectoryW((folder / L"x.zip").c_str(), nullptr);
+    WriteBytes(folder / L"secret.dat", "x");
+    SetFileAttributesW((folder / L"secret.dat").c_str(), FILE_ATTRIBUTE_HIDDEN);
+}
+
+TEST(ListColours, SchemeColoursStylesAndBackgrounds) {
+    ViewHost host(1);
+    TempFolder files;
+    MakeFiles(files);
+    ScopedOption on(Options().useColor, 1);
+    Colours().Load(Settings());
+    EXPECT_EQ(Settings().GetString(L"Filter2", L"9", L""), L"*=1=0000BB=-1=1=-1=0") << "scheme 0 written at first";
+    ASSERT_TRUE(host.Panel().NavigateToText(files.path()));
+    CMyShellBrowser& browser = host.Browser();
+    EXPECT_EQ(DrawnAs(browser, L"setup.exe").colour, static_cast<int>(RGB(0xFF, 0, 0)));
+    EXPECT_EQ(DrawnAs(browser, L"photo.JPG").colour, static_cast<int>(RGB(0xBB, 0, 0xBB))) << "case does not count";
+    EXPECT_EQ(DrawnAs(browser, L"x.zip").colour, static_cast<int>(RGB(0, 0xAA, 0))) << "*.zip before #DIR";
+    EXPECT_EQ(DrawnAs(browser, L"Docs").colour, static_cast<int>(RGB(0, 0x88, 0)));
+    EXPECT_EQ(DrawnAs(browser, L"plain.dat").flags, kStyleBold);
+    if (ListCount(browser) == 8) {  // the view lists hidden files
+        const Drawn hidden = DrawnAs(browser, L"secret.dat");
+        EXPECT_EQ(hidden.colour, static_cast<int>(RGB(0, 0, 0xBB))) << "#Hidden leaves the colour to '*'";
+        EXPECT_EQ(hidden.flags, kStyleBold | kStyleItalic);
+    }
+    EXPECT_EQ(SendMessageW(browser.hwnd(), kMsgQueryItem, 999, 0), -1) << "no such item";
+
+    Colours().WriteScheme(Settings(), 1);
+    host.Panel().SetInUse(true);
+    HWND list = browser.GetListControl();
+    EXPECT_EQ(static_cast<COLORREF>(SendMessageW(list, LVM_GETBKCOLOR, 0, 0)), RGB(0x33, 0x33, 0x33));
+    host.Panel().SetInUse(false);
+    EXPECT_EQ(static_cast<COLORREF>(SendMessageW(list, LVM_GETBKCOLOR, 0, 0)), RGB(0x11, 0x11, 0x11));
+    {
+        ScopedOption off(Options().useColor, 0);
+        host.Panel().SetInUse(true);
+        EXPECT_EQ(static_cast<COLORREF>(SendMessageW(list, LVM_GETBKCOLOR, 0, 0)), GetSysColor(COLOR_WINDOW));
+    }
+    Pump(50);  // the list draws through the rules without trouble
+}
+
+TEST(ViewFilterBox, FiltersAfterAPauseAndRemembersTheText) {
+    ViewHost host(1);
+    TempFolder files;
+    MakeFiles(files);
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(files.path()));
+    CMyShellBrowser& browser = host.Browser();
+    const int all = ListCount(browser);
+    if (!panel.Filter()->switches.show_filter) panel.ToggleFilterBox();
+    HWND box = GetDlgItem(panel.hwnd(), kFilterBoxId);
+    SetWindowTextW(box, L"TXT");
+    EXPECT_EQ(ListCount(browser), all) << "nothing happens while the typing goes on";
+    // readme.txt and txtnotes.doc match "*txt*"; folders stay without by_dir_filter.
+    EXPECT_TRUE(PumpUntil([&] { return ListCount(browser) == 4; }));
+    EXPECT_EQ(Settings().GetString(L"T_View_0", L"by_filter", L""), L"1");
+    EXPECT_EQ(Settings().GetString(L"Last-File-Filter", L"0", L""), L"TXT");
+
+    SetWindowTextW(box, L"*.exe;*.jpg");
+    EXPECT_TRUE(PumpUntil([&] { return Listed(browser, L"photo"); }));
+    EXPECT_EQ(ListCount(browser), 4);
+    EXPECT_TRUE(Listed(browser, L"setup") && !Listed(browser, L"readme"));
+    panel.ToggleFilterBox();
+    EXPECT_EQ(ListCount(browser), all) << "a hidden filter box filters nothing";
+    panel.ToggleFilterBox();
+    EXPECT_EQ(ListCount(browser), 4);
+    SetWindowTextW(box, L"");
+    EXPECT_TRUE(PumpUntil([&] { return ListCount(browser) == all; }));
+}
+
+}  // namespace
+}  // namespace tessel::testing
