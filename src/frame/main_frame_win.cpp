@@ -7,6 +7,8 @@
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "features/folder_size_worker_win.h"
+#include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "frame/help_win.h"
 #include "win/start_trace_win.h"
@@ -78,6 +80,7 @@ bool CMainFrame::OnCreate() {
     StartMark("frame-create");
     LoadGeneralOptions(Settings(), Options());
     Colours().Load(Settings());
+    FolderSizeOptions() = ReadFolderSizeSettings(Settings());
     ReplaceMenu();
     statusBar_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | SBARS_SIZEGRIP, 0, 0, 0, 0, hwnd(),
                                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(59393)), GetModuleHandleW(nullptr),
@@ -168,6 +171,7 @@ void CMainFrame::ShowStatusBar(bool show) {
 void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_VIEW_FOLDER_SIZES, FolderSizeOptions().fld_size ? MF_CHECKED : MF_UNCHECKED);
     // Every start mode but the last state starts the same way: the menu offers the two.
     const bool lastState = Options().Als == kStartModeLastState;
     CheckMenuItem(menu, ID_START_MODE_LAST_STATE, lastState ? MF_CHECKED : MF_UNCHECKED);
@@ -242,9 +246,17 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_FILE_NEW_INSTANCE: StartFurtherInstance(); break;
     case ID_FILE_OPEN_SET: OpenFolderSetDialog(); break;
     case ID_FILE_SAVE_SET: SaveFolderSetDialog(); break;
+    case ID_FILE_EXPORT_LIST:
+        if (CMyShellBrowser* browser = panels_[focusedView_ - 1]->Active()) ExportWithDialog(hwnd(), browser->ListTable());
+        break;
     case ID_VIEW_REFRESH_ALL:
         for (auto& panel : panels_) panel->Refresh();
         if (lParam == kFailedLoadParam) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+        break;
+    case ID_VIEW_FOLDER_SIZES:
+        FolderSizeOptions().fld_size = FolderSizeOptions().fld_size ? 0 : 1;
+        Settings().PutInt(L"X-Size", L"fld_size", FolderSizeOptions().fld_size);
+        for (auto& panel : panels_) panel->Refresh();
         break;
     case ID_VIEW_STATUS_BAR:
         Options().StatusBar = !Options().StatusBar;

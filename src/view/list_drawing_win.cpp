@@ -7,6 +7,7 @@
 #include <shlwapi.h>
 
 #include "core/general_options.h"
+#include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "features/view_filter.h"
 #include "view/shell_browser_win.h"
@@ -74,15 +75,26 @@ LRESULT CMyShellBrowser::ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM
         auto* header = reinterpret_cast<NMHDR*>(lParam);
         if (header->code == NM_CUSTOMDRAW && header->hwndFrom == self->subclassedList_)
             return self->OnListCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+        if (header->code == LVN_GETDISPINFOW && header->hwndFrom == self->subclassedList_) {
+            const LRESULT result = win::CallOriginal(view, message, wParam, lParam);
+            self->AnswerSizeText(reinterpret_cast<NMLVDISPINFOW*>(lParam));
+            return result;
+        }
     } else if (message == WM_NCDESTROY) {
         if (self->subclassedView_ == view) self->subclassedView_ = nullptr;
     }
     return win::CallOriginal(view, message, wParam, lParam);
 }
 
+ExportTable CMyShellBrowser::ListTable() const {
+    HWND list = GetListControl();
+    return list ? GatherFolderList(list, folderView_.get(), shownFolder_.get()) : ExportTable{};
+}
+
 void CMyShellBrowser::SetInUseColours(bool inUse) {
     inUse_ = inUse;
     ApplyBackground();
+    PauseFolderSizes();
 }
 
 // The background follows the colour rules' "#BG-A" (the T-View in use) and "#BG" (the others).

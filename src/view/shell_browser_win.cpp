@@ -17,6 +17,7 @@ constexpr UINT_PTR kTimerFreeSpace = 101123;
 constexpr UINT_PTR kTimerRenavigate = 10010;
 constexpr UINT_PTR kTimerFocus = 10011;
 constexpr UINT_PTR kTimerReselect = 10000;
+constexpr UINT_PTR kTimerFolderSizes = 10012;  // a change in the folder: measure again once it settles
 
 // A copy of the first list's font: the list and its font go with their view, the copy stays.
 win::UniqueFont g_listFont;
@@ -141,7 +142,11 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
         SetClassLongPtrW(hwnd(), GCL_STYLE, 0);
         break;
     case kMsgDirectoryChange:
-        return 0;  // handed to the folder-size cache once it exists
+        if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
+        return 0;
+    case kMsgFolderSizes:
+        OnFolderSizes();
+        return 0;
     case kMsgShellChange:
         OnShellChange(wParam, lParam);
         return 0;
@@ -185,6 +190,9 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
             return;
         }
         SetTimer(hwnd(), kTimerTick, 100, nullptr);
+        break;
+    case kTimerFolderSizes:
+        StartFolderSizes();
         break;
     case kTimerFreeSpace:
         statusRequested_ = true;
@@ -253,6 +261,7 @@ ShellChange ReadShellChange(WPARAM wParam, LPARAM lParam) {
 void CMyShellBrowser::OnShellChange(WPARAM wParam, LPARAM lParam) {
     lastChange_ = ReadShellChange(wParam, lParam);  // the folder sizes take their path from here
     if (ChangeAffectsFreeSpace(lastChange_.event)) SetTimer(hwnd(), kTimerFreeSpace, 200, nullptr);
+    if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
 }
 
 void CMyShellBrowser::RegisterChangeNotify() {
@@ -266,6 +275,8 @@ void CMyShellBrowser::RegisterChangeNotify() {
 
 void CMyShellBrowser::TearDownView() {
     statusWorker_.Stop();
+    sizeWorker_.Stop();  // leaving the folder ends its walk at once
+    KillTimer(hwnd(), kTimerFolderSizes);
     if (notifyId_) SHChangeNotifyDeregister(notifyId_);
     notifyId_ = 0;
     if (subclassedList_) win::Unsubclass(subclassedList_);

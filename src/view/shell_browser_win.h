@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "features/folder_size_worker_win.h"
+#include "features/list_export.h"
 #include "view/column_store.h"
 #include "view/navigation_history.h"
 #include "view/shell_change.h"
@@ -47,6 +49,7 @@ inline constexpr UINT kMsgShellChange = WM_USER + 0xCF0;
 inline constexpr UINT kMsgDirectoryChange = WM_USER + 0xCF1;
 inline constexpr UINT kMsgQueryItem = WM_USER + 0xE1;
 inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
+inline constexpr UINT kMsgFolderSizes = WM_APP + 0x122;  // sizes are in the cache; wParam 1: all
 
 class CMyShellBrowser : public win::Window, public IShellBrowser, public ICommDlgBrowser {
 public:
@@ -122,6 +125,9 @@ public:
     void SelectItems(const std::vector<ItemBytes>& items);
     const ShellChange& LastShellChange() const { return lastChange_; }
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
+    // What the list shows, for an export: captions, widths and every row.
+    ExportTable ListTable() const;
+    bool FolderSizesRunning() const { return sizeWorker_.Running(); }
     // The view and list colours after the colour rules or the T-View in use changed.
     void SetInUseColours(bool inUse);
     bool closed = false;  // kept by the panel for reuse
@@ -168,6 +174,12 @@ private:
     int QueryItemColour(int index, int* flags) const;
     IShellFolder* ListedFolder() const;  // the folder being listed or shown
     void ApplyBackground();
+
+    // Folder sizes: the walk of the folder shown, its results in the size column.
+    void StartFolderSizes();
+    void PauseFolderSizes();
+    void OnFolderSizes();
+    void AnswerSizeText(NMLVDISPINFOW* info);
 
     // Context menus, keyboard and the clipboard of the list.
     static LRESULT ListProc(HWND, UINT, WPARAM, LPARAM, void* data);
@@ -237,6 +249,9 @@ private:
     int selectionMark_ = -1;
     bool statusRequested_ = false;
     StatusWorker statusWorker_;
+    FolderSizeCache sizeCache_;
+    FolderSizeWorker sizeWorker_{sizeCache_};  // after the cache it writes to
+    int sizeColumn_ = -1;
 };
 
 // A shell change notice as the registration delivers it.

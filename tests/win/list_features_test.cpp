@@ -7,6 +7,8 @@
 
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
+#include "features/folder_size_worker_win.h"
+#include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "features/rule_index.h"
 #include "view_host_win.h"
@@ -118,6 +120,89 @@ TEST(ViewFilterBox, FiltersAfterAPauseAndRemembersTheText) {
     EXPECT_EQ(ListCount(browser), 4);
     SetWindowTextW(box, L"");
     EXPECT_TRUE(PumpUntil([&] { return ListCount(browser) == all; }));
+}
+
+TEST(ListExport, FolderListWrittenAndParsedBackAndTargetsKept) {
+    ViewHost host(1);
+    TempFolder files;
+    MakeFiles(files);
+    WriteBytes(files / L"semi;colon & co.txt", "x");
+    ASSERT_TRUE(host.Panel().NavigateToText(files.path()));
+    CMyShellBrowser& browser = host.Browser();
+    HWND list = browser.GetListControl();
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, 2, 5);  // hidden by being narrow
+    const ExportTable table = browser.ListTable();
+    ASSERT_GE(table.captions.size(), 3u);
+    ASSERT_EQ(table.rows.size(), static_cast<size_t>(ListCount(browser)));
+    for (size_t row = 0; row < table.rows.size(); ++row)
+        EXPECT_EQ(table.rows[row][0], ItemText(list, static_cast<int>(row))) << "names as the list shows them, in its order";
+
+    TempFolder out;
+    const std::wstring csv = out / L"list.csv";
+    ASSERT_TRUE(WriteExportFile(csv, table, ExportType::kCsv));
+    const std::string bytes = ReadBytes(csv);
+    EXPECT_EQ(bytes.rfind("\xEF\xBB\xBF\"", 0), 0u);
+    EXPECT_NE(bytes.find("\"semi;colon & co.txt\""), std::string::npos);
+    const std::string hiddenCaption(table.captions[2].begin(), table.captions[2].end());
+    EXPECT_EQ(bytes.substr(0, bytes.find('\r')).find(hiddenCaption), std::string::npos) << "a narrow column is left out";
+    EXPECT_FALSE(FileExists(csv + L".part~"));
+
+    SetFileAttributesW(csv.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(WriteExportFile(csv, table, ExportType::kHtml)) << "a read-only target is not replaced";
+    EXPECT_EQ(ReadBytes(csv), bytes);
+    EXPECT_FALSE(FileExists(csv + L".part~"));
+    SetFileAttributesW(csv.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_FALSE(WriteExportFile(out / L"no\\such\\folder.txt", table, ExportType::kText));
+}
+
+std::wstring CellText(HWND list, int row, int column) {
+    wchar_t text[MAX_PATH] = {};
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = MAX_PATH;
+    SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
+int RowOf(CMyShellBrowser& browser, const std::wstring& name) {
+    for (int i = 0; i < ListCount(browser); ++i)
+        if (ItemText(browser.GetListControl(), i) == name) return i;
+    return -1;
+}
+
+TEST(FolderSizes, MeasuredFoldersShowInTheSizeColumn) {
+    ViewHost host(1);
+    TempFolder files;
+    CreateDirectoryW((files / L"big").c_str(), nullptr);
+    CreateDirectoryW((files / L"big\\inner").c_str(), nullptr);
+    CreateDirectoryW((files / L"empty").c_str(), nullptr);
+    for (const wchar_t* name : {L"big\\a", L"big\\b", L"big\\c"}) WriteBytes(files / name, std::string(1000, 'x'));
+    WriteBytes(files / L"big\\inner\\d", std::string(500, 'x'));
+    WriteBytes(files / L"loose.txt", "x");
+    FolderSizeSettings& settings = FolderSizeOptions();
+    const FolderSizeSettings kept = settings;
+    settings = {};
+    settings.fld_size = 1;
+    settings.block_no_focus = 0;
+    ASSERT_TRUE(host.Panel().NavigateToText(files.path()));
+    CMyShellBrowser& browser = host.Browser();
+    HWND list = browser.GetListControl();
+    ASSERT_TRUE(PumpUntil([&] { return !browser.FolderSizesRunning(); }));
+    Pump(50);
+    const int big = RowOf(browser, L"big"), empty = RowOf(browser, L"empty");
+    ASSERT_GE(big, 0);
+    ASSERT_GE(empty, 0);
+    const std::wstring bigText = CellText(list, big, 1), emptyText = CellText(list, empty, 1);
+    EXPECT_NE(bigText.find(L"500"), std::wstring::npos) << "3,500 bytes: " << std::string(bigText.begin(), bigText.end());
+    EXPECT_NE(bigText.find(L"100 %  4 / 1"), std::wstring::npos);
+    EXPECT_EQ(emptyText, L"0  0 %  0 / 0");
+    EXPECT_NE(CellText(list, RowOf(browser, L"loose.txt"), 1), L"") << "files keep the view's own size";
+
+    settings.fld_size = 0;
+    ASSERT_TRUE(host.Panel().NavigateToText(files / L"big"));
+    EXPECT_FALSE(browser.FolderSizesRunning());
+    settings = kept;
 }
 
 }  // namespace

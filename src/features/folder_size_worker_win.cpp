@@ -1,0 +1,125 @@
+#include "features/folder_size_worker_win.h"
+
+#include <mmsystem.h>
+
+#include <cwctype>
+#include <memory>
+#include <vector>
+
+#include "features/folder_walk.h"
+
+namespace tessel {
+namespace {
+
+constexpr DWORD kRedrawInterval = 200;  // ms between two notices to the view
+
+class FindListing final : public IDirectoryListing {
+public:
+    explicit FindListing(const std::wstring& folder) {
+        std::wstring pattern = folder;
+        if (!pattern.empty() && pattern.back() != L'\\') pattern += L'\\';
+        pattern += L"*.*";
+        find_ = FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &data_, FindExSearchNameMatch, nullptr,
+                                 FIND_FIRST_EX_LARGE_FETCH);
+        pending_ = find_ != INVALID_HANDLE_VALUE;
+    }
+    ~FindListing() override {
+        if (find_ != INVALID_HANDLE_VALUE) FindClose(find_);
+    }
+    bool Valid() const { return find_ != INVALID_HANDLE_VALUE; }
+    bool Next(DirectoryEntry& entry) override {
+        if (!pending_) return false;
+        held_ = data_;  // the entry's name points into it until the next call
+        entry.name = held_.cFileName;
+        entry.directory = held_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY;
+        entry.reparsePoint = held_.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT;
+        entry.size = (static_cast<uint64_t>(held_.nFileSizeHigh) << 32) | held_.nFileSizeLow;
+        pending_ = FindNextFileW(find_, &data_) != FALSE;
+        return true;
+    }
+
+private:
+    HANDLE find_ = INVALID_HANDLE_VALUE;
+    WIN32_FIND_DATAW data_{};
+    WIN32_FIND_DATAW held_{};
+    bool pending_ = false;
+};
+
+class FindLister final : public IDirectoryLister {
+public:
+    std::unique_ptr<IDirectoryListing> Open(const std::wstring& folder) override {
+        auto listing = std::make_unique<FindListing>(folder);
+        if (!listing->Valid()) return nullptr;
+        return listing;
+    }
+};
+
+class WorkerControl final : public IWalkControl {
+public:
+    WorkerControl(std::stop_token stop, const std::atomic<bool>& paused) : stop_(std::move(stop)), paused_(paused) {}
+    bool Cancelled() override { return stop_.stop_requested(); }
+    bool Paused() override { return paused_; }
+    void Sleep(unsigned milliseconds) override { ::Sleep(milliseconds); }
+
+private:
+    std::stop_token stop_;
+    const std::atomic<bool>& paused_;
+};
+
+std::wstring UpperName(std::wstring name) {
+    CharUpperBuffW(name.data(), static_cast<DWORD>(name.size()));
+    return name;
+}
+
+}  // namespace
+
+FolderSizeSettings& FolderSizeOptions() {
+    static FolderSizeSettings settings;
+    return settings;
+}
+
+IDirectoryLister& FileSystemLister() {
+    static FindLister lister;
+    return lister;
+}
+
+void FolderSizeWorker::Start(const std::wstring& folder, bool recurse, HWND notify, UINT message) {
+    Stop();
+    finished_ = false;
+    thread_ = std::jthread([this, folder, recurse, notify, message](std::stop_token stop) {
+        Run(std::move(stop), folder, recurse, notify, message);
+    });
+}
+
+void FolderSizeWorker::Stop() {
+    if (!thread_.joinable()) return;
+    thread_.request_stop();
+    thread_.join();
+    thread_ = {};
+}
+
+void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message) {
+    WorkerControl control(stop, paused_);
+    std::vector<std::wstring> names;  // the listed sub-folders; links are never measured
+    if (auto listing = FileSystemLister().Open(folder)) {
+        DirectoryEntry entry;
+        while (listing->Next(entry))
+            if (entry.directory && !entry.reparsePoint && entry.name != L"." && entry.name != L"..")
+                names.emplace_back(entry.name);
+    }
+    if (!folder.empty() && folder.back() != L'\\') folder += L'\\';
+    DWORD lastNotice = timeGetTime();
+    for (const std::wstring& name : names) {
+        FolderTotals totals;
+        if (!MeasureFolder(FileSystemLister(), folder + name, recurse, control, totals)) return;
+        cache_.Store(UpperName(name), totals);
+        if (timeGetTime() - lastNotice >= kRedrawInterval) {
+            lastNotice = timeGetTime();
+            PostMessageW(notify, message, 0, 0);
+        }
+    }
+    finished_ = true;
+    PostMessageW(notify, message, 1, 0);
+}
+
+}  // namespace tessel

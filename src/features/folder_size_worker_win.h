@@ -1,0 +1,46 @@
+#pragma once
+// The folder-size worker of one browser view: lists the view's folder, walks each sub-folder
+// on its own thread and tells the view, at most every 200 ms, that sizes are in the cache.
+#include <windows.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+#include "features/folder_size_cache.h"
+
+namespace tessel {
+
+class FolderSizeWorker {
+public:
+    explicit FolderSizeWorker(FolderSizeCache& cache) : cache_(cache) {}
+    ~FolderSizeWorker() { Stop(); }
+    FolderSizeWorker(const FolderSizeWorker&) = delete;
+    FolderSizeWorker& operator=(const FolderSizeWorker&) = delete;
+
+    // Measures every sub-folder of `folder` (sub-folders within when `recurse`); a running walk
+    // is stopped first. `message` is posted to `notify` as sizes arrive and when all are done
+    // (wParam 1 then).
+    void Start(const std::wstring& folder, bool recurse, HWND notify, UINT message);
+    // Cancels the walk and waits for its thread; the open listing is closed on the way out.
+    void Stop();
+    void SetPaused(bool paused) { paused_ = paused; }
+    bool Running() const { return thread_.joinable() && !finished_; }
+
+private:
+    void Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message);
+
+    FolderSizeCache& cache_;
+    std::atomic<bool> paused_{false};
+    std::atomic<bool> finished_{false};
+    std::jthread thread_;
+};
+
+// The "X-Size" settings of the program, read once at start.
+FolderSizeSettings& FolderSizeOptions();
+
+// The system's own listing of a folder, for the walk: the basic information in large batches.
+class IDirectoryLister;
+IDirectoryLister& FileSystemLister();
+
+}  // namespace tessel

@@ -1,0 +1,81 @@
+// Folder sizes in the browser view's list: the worker started for each folder shown, its
+// results written into the size column of the folders' rows as the list asks for their text.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include "features/folder_size_worker_win.h"
+#include "view/shell_browser_win.h"
+
+namespace tessel {
+namespace {
+
+// The size property of the shell's storage columns.
+constexpr GUID kStorageColumns = {0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}};
+constexpr DWORD kSizeProperty = 12;
+
+// The folder's column that holds sizes, or -1. A file-system folder that cannot say which
+// has it second, after the name.
+int SizeColumnOf(IShellFolder* folder) {
+    win::ComPtr<IShellFolder2> details = win::ComPtr<IShellFolder>(folder).As<IShellFolder2>();
+    if (!details) return -1;
+    for (UINT column = 0; column < 64; ++column) {
+        SHCOLUMNID id{};
+        if (FAILED(details->MapColumnToSCID(column, &id))) return column == 0 ? 1 : -1;
+        if (id.fmtid == kStorageColumns && id.pid == kSizeProperty) return static_cast<int>(column);
+    }
+    return -1;
+}
+
+std::wstring ThousandsSeparator() {
+    wchar_t separator[8] = {};
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, separator, 8);
+    return separator;
+}
+
+}  // namespace
+
+void CMyShellBrowser::StartFolderSizes() {
+    sizeWorker_.Stop();
+    sizeCache_.Clear();
+    sizeColumn_ = -1;
+    const FolderSizeSettings& settings = FolderSizeOptions();
+    wchar_t path[MAX_PATH] = {};
+    if (!settings.fld_size || !shown_ || !SHGetPathFromIDListW(shown_.get(), path) || !path[0]) return;
+    sizeColumn_ = SizeColumnOf(shownFolder_.get());
+    if (sizeColumn_ < 0) return;
+    // "mode" 1 counts only what lies directly in each folder; any other value walks the whole tree.
+    sizeWorker_.Start(path, settings.mode != 1, hwnd(), kMsgFolderSizes);
+    PauseFolderSizes();
+}
+
+void CMyShellBrowser::PauseFolderSizes() {
+    sizeWorker_.SetPaused(FolderSizeOptions().block_no_focus && !inUse_);
+}
+
+void CMyShellBrowser::OnFolderSizes() {
+    if (subclassedList_) RedrawWindow(subclassedList_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+}
+
+// A folder's row gets its size once the walk has measured it.
+void CMyShellBrowser::AnswerSizeText(NMLVDISPINFOW* info) {
+    LVITEMW& item = info->item;
+    if (sizeColumn_ < 0 || item.iSubItem != sizeColumn_ || !(item.mask & LVIF_TEXT) || !item.pszText ||
+        item.cchTextMax <= 0 || !folderView_)
+        return;
+    PITEMID_CHILD child = nullptr;
+    if (FAILED(folderView_->Item(item.iItem, &child)) || !child) return;
+    STRRET name{};
+    wchar_t text[MAX_PATH] = {};
+    if (SUCCEEDED(shownFolder_->GetDisplayNameOf(child, SHGDN_INFOLDER | SHGDN_FORPARSING, &name)))
+        StrRetToBufW(&name, child, text, MAX_PATH);
+    CoTaskMemFree(child);
+    CharUpperBuffW(text, static_cast<DWORD>(wcslen(text)));
+    static const std::wstring separator = ThousandsSeparator();
+    const std::wstring size = sizeCache_.Text(text, FolderSizeOptions(), separator);
+    if (!size.empty()) lstrcpynW(item.pszText, size.c_str(), item.cchTextMax);
+}
+
+}  // namespace tessel
