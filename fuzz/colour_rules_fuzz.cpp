@@ -1,6 +1,7 @@
-// A colour rules file or "Filter2" lines as a user may hand them over: the rules read, written
-// back and read again unchanged, then made into the index and matched against names.
+// A colour rules file, "Filter2" lines or a tab-separated list as a user may hand them over: the
+// rules read, written back and read again, then made into the index and matched against names.
 #include "features/colour_rules.h"
+#include "features/list_export.h"
 #include "features/rule_index.h"
 #include "fuzz_text.h"
 
@@ -17,8 +18,11 @@ struct FixedItem : IItemAttributes {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::wstring text = fuzz::WideOf(data, size);
-    const std::vector<ColourRule> rules = ParseRulesFile(text);
+    std::vector<ColourRule> rules = ParseRulesFile(text);
     fuzz::Check(rules.size() <= kRuleSlots);
+    const auto rows = ParseTabSeparated(text);
+    fuzz::Check(ParseTabSeparated(FormatTabSeparated(rows)).size() == rows.size() || rows.empty());
+    for (size_t i = 0; i < rows.size() && rules.size() < kRuleSlots; ++i) rules.push_back(RuleOfCells(rows[i], true));
     fuzz::Check(ParseRulesFile(FormatRulesFile(rules)).size() <= rules.size());
     RuleTable table;
     for (const ColourRule& rule : rules) table.slots[table.count++] = rule;

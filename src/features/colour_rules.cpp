@@ -147,6 +147,30 @@ void FillScheme(RuleTable& table, int scheme) {
     table.count = slot;
 }
 
+std::vector<std::wstring> RuleCells(const ColourRule& rule) {
+    return {rule.pattern,
+            FormatColourText(rule.colour),
+            std::to_wstring(rule.italic),
+            std::to_wstring(rule.bold),
+            std::to_wstring(rule.underline),
+            std::to_wstring(rule.strikeout)};
+}
+
+ColourRule RuleOfCells(const std::vector<std::wstring>& cells, bool enabled) {
+    auto cell = [&](size_t i) { return i < cells.size() ? std::wstring_view(cells[i]) : std::wstring_view(L"-1"); };
+    ColourRule rule;
+    rule.pattern = cell(0);
+    rule.enabled = enabled ? 1 : 0;
+    rule.colour = ParseColourText(cell(1));
+    rule.italic = FieldInt(cell(2));
+    rule.bold = FieldInt(cell(3));
+    rule.underline = FieldInt(cell(4));
+    rule.strikeout = FieldInt(cell(5));
+    return rule;
+}
+
+int NextStyleValue(int value) { return value == -1 ? 1 : value == 0 ? -1 : 0; }
+
 std::wstring FormatRulesFile(const std::vector<ColourRule>& rules) {
     std::wstring text(kRulesFileHeader);
     text += L"\r\n";

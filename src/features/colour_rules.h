@@ -48,6 +48,13 @@ void WriteRules(ISettingsStore& settings, const RuleTable& table, bool everyKey)
 // strikeout of each slot is left as it was.
 void FillScheme(RuleTable& table, int scheme);
 
+// A rule as a row of the options list: pattern, colour text, italic, bold, underline,
+// strikeout (the check box holds `enabled`), and back; missing cells read as -1.
+std::vector<std::wstring> RuleCells(const ColourRule& rule);
+ColourRule RuleOfCells(const std::vector<std::wstring>& cells, bool enabled);
+// The style value a click on its cell gives next: -1 (left to later rules), then on, then off.
+int NextStyleValue(int value);
+
 // The rules file: a header line, then one rule line per rule, CR LF after each.
 inline constexpr std::wstring_view kRulesFileHeader = L";Tessel Farben";
 inline constexpr std::wstring_view kRulesFileHeaderEnglish = L";Tessel Colors";

@@ -101,6 +101,27 @@ HFONT ProgramColours::FontFor(int flags, HFONT base) {
     return fonts_.emplace(flags, win::UniqueFont(CreateFontIndirectW(&description))).first->second.get();
 }
 
+bool TreeItemColours(PCIDLIST_ABSOLUTE folder, COLORREF& text, COLORREF&) {
+    win::ComPtr<IShellFolder> parent;
+    PCUITEMID_CHILD child = nullptr;
+    if (!folder || FAILED(SHBindToParent(folder, IID_IShellFolder, parent.put_void(), &child))) return false;
+    const int colour = Colours().MatchItem(parent.get(), child, nullptr);
+    if (colour == kNoColour) return false;
+    text = static_cast<COLORREF>(colour);
+    return true;
+}
+
+COLORREF TreeBackground() {
+    const int colour = Colours().Index().BgOther();
+    return Options().useTreeColor == 1 && colour != kNoColour ? static_cast<COLORREF>(colour) : GetSysColor(COLOR_WINDOW);
+}
+
+COLORREF TreeLineColour() {
+    const RuleIndex& index = Colours().Index();
+    const bool coloured = Options().useTreeColor == 1 && index.BgOther() != kNoColour && index.StarColour() != kNoColour;
+    return coloured ? static_cast<COLORREF>(index.StarColour()) : GetSysColor(COLOR_3DDKSHADOW);
+}
+
 COLORREF ViewBackground(bool activeView) {
     const RuleIndex& index = Colours().Index();
     if (!Options().useColor || index.BgOther() == kNoColour) return GetSysColor(COLOR_WINDOW);

@@ -42,6 +42,12 @@ private:
 
 ProgramColours& Colours();
 
+// A folder tree item's colours by the rules: false when the rules give it none.
+bool TreeItemColours(PCIDLIST_ABSOLUTE folder, COLORREF& text, COLORREF& back);
+// The tree's background and line colours: the rules' "#BG" and "*" colours with useTreeColor 1.
+COLORREF TreeBackground();
+COLORREF TreeLineColour();
+
 // The background of a file view: the system's unless colours are on and "#BG" is set.
 COLORREF ViewBackground(bool activeView);
 

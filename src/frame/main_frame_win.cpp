@@ -11,6 +11,7 @@
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "frame/help_win.h"
+#include "frame/options_dialog_win.h"
 #include "win/start_trace_win.h"
 #include "res/resource.h"
 #include "win/shell_item_win.h"
@@ -222,7 +223,11 @@ void CMainFrame::ChooseColourScheme(int scheme) {
 }
 
 void CMainFrame::ApplyColours() {
-    for (int i = 0; i < kViewCount; ++i) panels_[i]->SetInUse(i + 1 == focusedView_);
+    for (int i = 0; i < kViewCount; ++i) {
+        panels_[i]->SetInUse(i + 1 == focusedView_);
+        panels_[i]->FolderTree().ApplyOptions();
+    }
+    frameTree_.ApplyOptions();
     OnCommand(ID_VIEW_REFRESH_ALL, 0);
     RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
@@ -253,6 +258,8 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         for (auto& panel : panels_) panel->Refresh();
         if (lParam == kFailedLoadParam) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
         break;
+    case ID_OPTIONS_DIALOG: COptionenWnd::Run(hwnd()); break;
+    case ID_COLOURS_CHANGED: ApplyColours(); break;
     case ID_VIEW_FOLDER_SIZES:
         FolderSizeOptions().fld_size = FolderSizeOptions().fld_size ? 0 : 1;
         Settings().PutInt(L"X-Size", L"fld_size", FolderSizeOptions().fld_size);

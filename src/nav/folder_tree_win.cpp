@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/general_options.h"
+#include "features/program_colours_win.h"
 #include "view/shell_browser_win.h"
 #include "win/com_ptr_win.h"
 #include "win/handles_win.h"
@@ -72,6 +73,7 @@ void CShellTree2::Attach(HWND tree, Chosen chosen, bool dropDown) {
     chosen_ = std::move(chosen);
     TreeView_SetImageList(tree_, win::SystemSmallIcons(), TVSIL_NORMAL);  // the system's list: not ours to free
     win::Subclass(tree_, &CShellTree2::TreeProc, this);
+    if (!itemColors_) itemColors_ = TreeItemColours;
     ApplyOptions();
 }
 
@@ -90,6 +92,8 @@ void CShellTree2::ApplyOptions() {
     // Any colouring of the tree takes the file lists' font; off: the system's.
     HFONT font = o.useTreeColor && ProgramListFont() ? ProgramListFont() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     SendMessageW(tree_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    TreeView_SetBkColor(tree_, TreeBackground());
+    TreeView_SetLineColor(tree_, TreeLineColour());
 }
 
 // A tree becomes a drop target when first shown: most trees of a start never are.

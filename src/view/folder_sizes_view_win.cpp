@@ -6,6 +6,8 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include <algorithm>
+
 #include "features/folder_size_worker_win.h"
 #include "view/shell_browser_win.h"
 
@@ -40,6 +42,7 @@ std::wstring ThousandsSeparator() {
 void CMyShellBrowser::StartFolderSizes() {
     sizeWorker_.Stop();
     sizeCache_.Clear();
+    sizesShown_.clear();
     sizeColumn_ = -1;
     const FolderSizeSettings& settings = FolderSizeOptions();
     wchar_t path[MAX_PATH] = {};
@@ -55,26 +58,51 @@ void CMyShellBrowser::PauseFolderSizes() {
     sizeWorker_.SetPaused(FolderSizeOptions().block_no_focus && !inUse_);
 }
 
+// Only the size cells of the rows in sight whose folders were measured since they were last drawn
+// are drawn again, a few at a time: under Wine each cell costs milliseconds to paint, and a whole
+// list drawn at once holds the window far too long. The rest follow a moment later.
 void CMyShellBrowser::OnFolderSizes() {
-    if (subclassedList_) RedrawWindow(subclassedList_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    HWND list = subclassedList_;
+    if (!list || !folderView_ || sizeColumn_ < 0) return;
+    const int top = static_cast<int>(SendMessageW(list, LVM_GETTOPINDEX, 0, 0));
+    const int count = std::min(static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)),
+                               top + static_cast<int>(SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0)) + 1);
+    int drawn = 0;
+    for (int row = std::max(top, 0); row < count; ++row) {
+        const std::wstring name = UpperNameOf(row);
+        FolderTotals totals;
+        if (name.empty() || sizesShown_.count(name) || !sizeCache_.Find(name, totals)) continue;
+        if (drawn == kSizeCellsPerPaint) {
+            SetTimer(hwnd(), kTimerSizeCells, kSizeCellsPause, nullptr);
+            return;
+        }
+        sizesShown_.insert(name);
+        RECT cell{LVIR_BOUNDS, sizeColumn_, 0, 0};  // the flag and the column, as the message wants them
+        if (SendMessageW(list, LVM_GETSUBITEMRECT, row, reinterpret_cast<LPARAM>(&cell))) InvalidateRect(list, &cell, TRUE);
+        ++drawn;
+    }
 }
 
-// A folder's row gets its size once the walk has measured it.
-void CMyShellBrowser::AnswerSizeText(NMLVDISPINFOW* info) {
-    LVITEMW& item = info->item;
-    if (sizeColumn_ < 0 || item.iSubItem != sizeColumn_ || !(item.mask & LVIF_TEXT) || !item.pszText ||
-        item.cchTextMax <= 0 || !folderView_)
-        return;
+std::wstring CMyShellBrowser::UpperNameOf(int row) const {
     PITEMID_CHILD child = nullptr;
-    if (FAILED(folderView_->Item(item.iItem, &child)) || !child) return;
+    if (!folderView_ || FAILED(folderView_->Item(row, &child)) || !child) return {};
     STRRET name{};
     wchar_t text[MAX_PATH] = {};
     if (SUCCEEDED(shownFolder_->GetDisplayNameOf(child, SHGDN_INFOLDER | SHGDN_FORPARSING, &name)))
         StrRetToBufW(&name, child, text, MAX_PATH);
     CoTaskMemFree(child);
     CharUpperBuffW(text, static_cast<DWORD>(wcslen(text)));
+    return text;
+}
+
+// A folder's row gets its size once the walk has measured it.
+void CMyShellBrowser::AnswerSizeText(NMLVDISPINFOW* info) {
+    LVITEMW& item = info->item;
+    if (sizeColumn_ < 0 || item.iSubItem != sizeColumn_ || !(item.mask & LVIF_TEXT) || !item.pszText ||
+        item.cchTextMax <= 0)
+        return;
     static const std::wstring separator = ThousandsSeparator();
-    const std::wstring size = sizeCache_.Text(text, FolderSizeOptions(), separator);
+    const std::wstring size = sizeCache_.Text(UpperNameOf(item.iItem), FolderSizeOptions(), separator);
     if (!size.empty()) lstrcpynW(item.pszText, size.c_str(), item.cchTextMax);
 }
 

@@ -2,6 +2,7 @@
 #include "core/settings_store_win.h"
 #include "features/program_colours_win.h"
 #include "view/view_panel_win.h"
+#include "win/text_suggestions_win.h"
 
 namespace tessel {
 namespace {
@@ -22,6 +23,13 @@ std::wstring WindowText(HWND window) {
 
 void CPloder::InitFilterBox() {
     if (!InitialFilterText().empty()) SetWindowTextW(filterBox_, InitialFilterText().c_str());
+}
+
+// The recently used filters drop down under the box (the Down key opens them), made when the
+// box first takes the focus: most boxes of a start never do.
+void CPloder::OnFilterBoxFocused() {
+    if (filterSuggestions_) return;
+    filterSuggestions_ = win::AttachTextSuggestions(filterBox_, [] { return ReadRecentFilters(Settings()); });
 }
 
 // Each change waits for a pause in the typing, so the folder is listed once per pause.

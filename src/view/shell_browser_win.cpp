@@ -194,6 +194,9 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
     case kTimerFolderSizes:
         StartFolderSizes();
         break;
+    case kTimerSizeCells:
+        OnFolderSizes();
+        break;
     case kTimerFreeSpace:
         statusRequested_ = true;
         break;

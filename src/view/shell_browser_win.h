@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <ctime>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,9 @@ inline constexpr UINT kMsgDirectoryChange = WM_USER + 0xCF1;
 inline constexpr UINT kMsgQueryItem = WM_USER + 0xE1;
 inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
 inline constexpr UINT kMsgFolderSizes = WM_APP + 0x122;  // sizes are in the cache; wParam 1: all
+inline constexpr UINT_PTR kTimerSizeCells = 10013;        // the next few size cells to draw
+inline constexpr int kSizeCellsPerPaint = 1;
+inline constexpr UINT kSizeCellsPause = 20;  // ms
 
 class CMyShellBrowser : public win::Window, public IShellBrowser, public ICommDlgBrowser {
 public:
@@ -180,6 +184,7 @@ private:
     void PauseFolderSizes();
     void OnFolderSizes();
     void AnswerSizeText(NMLVDISPINFOW* info);
+    std::wstring UpperNameOf(int row) const;  // the row's file name, upper-cased
 
     // Context menus, keyboard and the clipboard of the list.
     static LRESULT ListProc(HWND, UINT, WPARAM, LPARAM, void* data);
@@ -252,6 +257,7 @@ private:
     FolderSizeCache sizeCache_;
     FolderSizeWorker sizeWorker_{sizeCache_};  // after the cache it writes to
     int sizeColumn_ = -1;
+    std::set<std::wstring> sizesShown_;  // rows whose measured size was drawn
 };
 
 // A shell change notice as the registration delivers it.

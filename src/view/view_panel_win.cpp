@@ -413,6 +413,7 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_COMMAND:
         if (reinterpret_cast<HWND>(lParam) == filterBox_ && HIWORD(wParam) == EN_CHANGE) OnFilterBoxChanged();
+        if (reinterpret_cast<HWND>(lParam) == filterBox_ && HIWORD(wParam) == EN_SETFOCUS) OnFilterBoxFocused();
         if (lParam && HIWORD(wParam) != BN_CLICKED) break;  // notifications of the filter box
         if (active_) active_->Execute(LOWORD(wParam));
         return 0;

@@ -114,6 +114,7 @@ private:
     void ReadFilterValues();
     void InitFilterBox();
     void OnFilterBoxChanged();
+    void OnFilterBoxFocused();
     void Layout();
     LRESULT OnNotify(NMHDR* header);
 
@@ -126,6 +127,7 @@ private:
     CMyShellBrowser* active_ = nullptr;
     ViewFilter filter_;
     std::wstring filterText_;  // the text the tokens were made from
+    bool filterSuggestions_ = false;
     int showTree_ = 0;
     int treeSplit_ = 2500;
 

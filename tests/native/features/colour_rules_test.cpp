@@ -84,6 +84,17 @@ TEST(ColourRules, RulesFileRoundTripAndHeaders) {
         << "binary lines are no rules";
 }
 
+TEST(ColourRules, OptionsListRows) {
+    const ColourRule rule{L"*.a;*.b", 0, Rgb(0x12, 0x34, 0x56), 1, -1, 0, -1};
+    EXPECT_EQ(RuleCells(rule), (std::vector<std::wstring>{L"*.a;*.b", L"123456", L"1", L"-1", L"-1", L"0"}));
+    EXPECT_EQ(RuleOfCells(RuleCells(rule), false), rule);
+    EXPECT_EQ(RuleOfCells({L"*.c"}, true), (ColourRule{L"*.c", 1, -1, -1, -1, -1, -1})) << "missing cells leave it to others";
+    EXPECT_EQ(NextStyleValue(-1), 1);
+    EXPECT_EQ(NextStyleValue(1), 0);
+    EXPECT_EQ(NextStyleValue(0), -1);
+    EXPECT_EQ(NextStyleValue(7), 0);
+}
+
 // An item whose attributes are given; counts how often it was asked.
 struct FakeItem : IItemAttributes {
     explicit FakeItem(unsigned given = 0) : attributes(given) {}
