@@ -14,6 +14,7 @@
 #include "features/program_colours_win.h"
 #include "frame/help_win.h"
 #include "res/resource.h"
+#include "win/window_win.h"
 
 namespace tessel {
 namespace {
@@ -21,7 +22,7 @@ namespace {
 constexpr int kColumnCount = 6;
 constexpr int kColumnTitles[kColumnCount] = {IDS_COLOUR_PATTERN, IDS_COLOUR_COLOUR, IDS_COLOUR_ITALIC,
                                              IDS_COLOUR_BOLD, IDS_COLOUR_UNDERLINE, IDS_COLOUR_STRIKEOUT};
-constexpr int kColumnWidths[kColumnCount] = {190, 64, 46, 46, 56, 56};
+constexpr int kColumnWidths[kColumnCount] = {140, 60, 52, 52, 52, 52};  // at 96 dpi
 constexpr size_t kLargestRulesFile = 1 << 20;  // a rules file is small; more is not read
 constexpr UINT kListExportCommand = 1, kListImportCommand = 2;
 
@@ -95,7 +96,7 @@ void CFarbenOpt::Init(HWND page) {
         std::wstring title = GetText(kColumnTitles[i]);
         LVCOLUMNW column{LVCF_TEXT | LVCF_WIDTH};
         column.pszText = title.data();
-        column.cx = kColumnWidths[i];
+        column.cx = win::Scaled(page, kColumnWidths[i]);
         ListView_InsertColumn(list_, i, &column);
     }
     // The page for proposing a rule is a setting, empty unless the program is given one.
@@ -322,6 +323,21 @@ bool CFarbenOpt::Notify(HWND, NMHDR* header, LRESULT& result) {
         if (result) {
             ListView_SetItemText(list_, edit->item.iItem, 0, edit->item.pszText);
             SaveFromPage();
+        }
+        return true;
+    }
+    case NM_CUSTOMDRAW: {  // the colour cell shows its colour
+        auto* draw = reinterpret_cast<NMLVCUSTOMDRAW*>(header);
+        result = CDRF_DODEFAULT;
+        if (draw->nmcd.dwDrawStage == CDDS_PREPAINT) result = CDRF_NOTIFYITEMDRAW;
+        if (draw->nmcd.dwDrawStage == CDDS_ITEMPREPAINT) result = CDRF_NOTIFYSUBITEMDRAW;
+        if (draw->nmcd.dwDrawStage == (CDDS_ITEMPREPAINT | CDDS_SUBITEM)) {
+            wchar_t text[16] = {};
+            ListView_GetItemText(list_, static_cast<int>(draw->nmcd.dwItemSpec), 1, text, 16);
+            const int colour = draw->iSubItem == 1 ? ParseColourText(text) : kNoColour;
+            draw->clrTextBk = colour == kNoColour ? GetSysColor(COLOR_WINDOW) : static_cast<COLORREF>(colour);
+            const int light = colour == kNoColour ? 255 : (GetRValue(colour) * 3 + GetGValue(colour) * 6 + GetBValue(colour)) / 10;
+            draw->clrText = light < 128 ? RGB(255, 255, 255) : GetSysColor(COLOR_WINDOWTEXT);
         }
         return true;
     }

@@ -10,6 +10,7 @@
 
 #include "features/folder_size_worker_win.h"
 #include "view/shell_browser_win.h"
+#include "win/window_win.h"
 
 namespace tessel {
 namespace {
@@ -17,6 +18,7 @@ namespace {
 // The size property of the shell's storage columns.
 constexpr GUID kStorageColumns = {0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}};
 constexpr DWORD kSizeProperty = 12;
+constexpr int kSizeColumnWidth = 170;  // at 96 dpi
 
 // The folder's column that holds sizes, or -1. A file-system folder that cannot say which
 // has it second, after the name.
@@ -49,6 +51,10 @@ void CMyShellBrowser::StartFolderSizes() {
     if (!settings.fld_size || !shown_ || !SHGetPathFromIDListW(shown_.get(), path) || !path[0]) return;
     sizeColumn_ = SizeColumnOf(shownFolder_.get());
     if (sizeColumn_ < 0) return;
+    // Room for the size, the share and the counts.
+    const int wanted = win::Scaled(hwnd(), kSizeColumnWidth);
+    if (subclassedList_ && SendMessageW(subclassedList_, LVM_GETCOLUMNWIDTH, sizeColumn_, 0) < wanted)
+        SendMessageW(subclassedList_, LVM_SETCOLUMNWIDTH, sizeColumn_, wanted);
     // "mode" 1 counts only what lies directly in each folder; any other value walks the whole tree.
     sizeWorker_.Start(path, settings.mode != 1, hwnd(), kMsgFolderSizes);
     PauseFolderSizes();
