@@ -24,7 +24,7 @@ constexpr int kColumnTitles[kColumnCount] = {IDS_COLOUR_PATTERN, IDS_COLOUR_COLO
                                              IDS_COLOUR_BOLD, IDS_COLOUR_UNDERLINE, IDS_COLOUR_STRIKEOUT};
 constexpr int kColumnWidths[kColumnCount] = {140, 60, 52, 52, 52, 52};  // at 96 dpi
 constexpr size_t kLargestRulesFile = 1 << 20;  // a rules file is small; more is not read
-constexpr UINT kListExportCommand = 1, kListImportCommand = 2;
+constexpr UINT kListExportCommand = 1, kListImportCommand = 2, kNoColourCommand = 3;
 
 std::wstring FrameFilter(const wchar_t* name, const wchar_t* pattern) {
     std::wstring filter = name;
@@ -227,13 +227,20 @@ void CFarbenOpt::ChooseScheme() {
     Fill();
 }
 
-// The options lists also travel as tab-separated text.
+// The selected rule can lose its colour here; the options lists also travel as tab-separated text.
 void CFarbenOpt::ShowListMenu(POINT at) {
     HMENU menu = CreatePopupMenu();
+    AppendMenuW(menu, MF_STRING | (Selected() < 0 ? MF_GRAYED : 0), kNoColourCommand, GetText(IDS_COLOUR_NONE).c_str());
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     AppendMenuW(menu, MF_STRING, kListExportCommand, L"Export zu txt");
     AppendMenuW(menu, MF_STRING, kListImportCommand, L"Import aus (ini)txt");
     const UINT chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, page_, nullptr);
     DestroyMenu(menu);
+    if (chosen == kNoColourCommand && Selected() >= 0) {
+        std::wstring none = FormatColourText(kNoColour);
+        ListView_SetItemText(list_, Selected(), 1, none.data());
+        SaveFromPage();
+    }
     if (chosen == kListExportCommand) ExportTabSeparated();
     if (chosen == kListImportCommand) ImportTabSeparated();
 }
