@@ -12,6 +12,7 @@
 #include "features/program_colours_win.h"
 #include "features/rule_index.h"
 #include "view_host_win.h"
+#include "win/shell_item_win.h"
 
 namespace tessel::testing {
 namespace {
@@ -91,6 +92,28 @@ TEST(ListColours, SchemeColoursStylesAndBackgrounds) {
         EXPECT_EQ(static_cast<COLORREF>(SendMessageW(list, LVM_GETBKCOLOR, 0, 0)), GetSysColor(COLOR_WINDOW));
     }
     Pump(50);  // the list draws through the rules without trouble
+}
+
+TEST(ListColours, TreeTakesBackgroundAndLinesOnlyWithTreeColouringOne) {
+    ViewHost host(1);
+    Colours().WriteScheme(Settings(), 1);
+    HWND tree = GetDlgItem(host.Panel().hwnd(), kTreeId);
+    {
+        ScopedOption on(Options().useTreeColor, 1);
+        host.Panel().FolderTree().ApplyOptions();
+        EXPECT_EQ(TreeView_GetBkColor(tree), RGB(0x11, 0x11, 0x11)) << "#BG";
+        EXPECT_EQ(TreeView_GetLineColor(tree), RGB(0x44, 0xBB, 0xEE)) << "the '*' colour";
+        COLORREF text = 0, back = CLR_NONE;
+        TempFolder files;
+        CreateDirectoryW((files / L"Docs").c_str(), nullptr);
+        ASSERT_TRUE(TreeItemColours(win::PidlFromPath(files / L"Docs").get(), text, back));
+        EXPECT_EQ(text, RGB(0xFF, 0xFF, 0x00)) << "#DIR of the scheme";
+    }
+    ScopedOption two(Options().useTreeColor, 2);
+    host.Panel().FolderTree().ApplyOptions();
+    EXPECT_EQ(TreeView_GetBkColor(tree), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(TreeView_GetLineColor(tree), GetSysColor(COLOR_3DDKSHADOW));
+    Colours().WriteScheme(Settings(), 0);
 }
 
 TEST(ViewFilterBox, FiltersAfterAPauseAndRemembersTheText) {
