@@ -41,9 +41,9 @@ std::wstring ThousandsSeparator() {
 
 }  // namespace
 
-void CMyShellBrowser::StartFolderSizes() {
+void CMyShellBrowser::StartFolderSizes(bool remeasure) {
     sizeWorker_.Stop();
-    sizeCache_.Clear();
+    if (!remeasure) sizeCache_.Clear();  // a folder measured again keeps its sizes until new ones come
     sizesShown_.clear();
     sizeColumn_ = -1;
     const FolderSizeSettings& settings = FolderSizeOptions();
