@@ -41,9 +41,9 @@ std::wstring ThousandsSeparator() {
 
 }  // namespace
 
-void CMyShellBrowser::StartFolderSizes(bool remeasure) {
+void CMyShellBrowser::StartFolderSizes() {
     sizeWorker_.Stop();
-    if (!remeasure) sizeCache_.Clear();  // a folder measured again keeps its sizes until new ones come
+    sizeCache_.Clear();
     sizesShown_.clear();
     sizeColumn_ = -1;
     const FolderSizeSettings& settings = FolderSizeOptions();

@@ -192,7 +192,7 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
         SetTimer(hwnd(), kTimerTick, 100, nullptr);
         break;
     case kTimerFolderSizes:
-        StartFolderSizes(true);
+        StartFolderSizes();
         break;
     case kTimerSizeCells:
         OnFolderSizes();

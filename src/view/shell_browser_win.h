@@ -180,7 +180,7 @@ private:
     void ApplyBackground();
 
     // Folder sizes: the walk of the folder shown, its results in the size column.
-    void StartFolderSizes(bool remeasure = false);  // remeasure: the same folder after a change
+    void StartFolderSizes();
     void PauseFolderSizes();
     void OnFolderSizes();
     void AnswerSizeText(NMLVDISPINFOW* info);
