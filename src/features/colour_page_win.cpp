@@ -8,12 +8,13 @@
 
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
-#include "core/utf8.h"
 #include "features/list_export.h"
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
+#include "frame/folder_set.h"
 #include "frame/help_win.h"
 #include "res/resource.h"
+#include "win/text_file_win.h"
 #include "win/window_win.h"
 
 namespace tessel {
@@ -52,7 +53,7 @@ std::wstring ChooseFile(HWND owner, bool save, const std::wstring& filter, const
     return chosen ? path : L"";
 }
 
-// Text files as users bring them: UTF-16 with its mark, else UTF-8 (or Latin-1 where it is not).
+// Text files as users bring them (UTF-16, UTF-8 or an 8-bit code page), at most 1 MB of them.
 std::wstring ReadTextFile(const std::wstring& path) {
     HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return {};
@@ -61,26 +62,7 @@ std::wstring ReadTextFile(const std::wstring& path) {
     ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
     CloseHandle(file);
     bytes.resize(read);
-    if (bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE') {
-        std::wstring text((bytes.size() - 2) / 2, L'\0');
-        for (size_t i = 0; i < text.size(); ++i)
-            text[i] = static_cast<wchar_t>(static_cast<unsigned char>(bytes[2 + 2 * i]) |
-                                           (static_cast<unsigned char>(bytes[3 + 2 * i]) << 8));
-        return text;
-    }
-    if (bytes.rfind("\xEF\xBB\xBF", 0) == 0) bytes.erase(0, 3);
-    return DecodeUtf8OrLatin1(bytes);
-}
-
-bool WriteUnicodeFile(const std::wstring& path, const std::wstring& text) {
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    DWORD written = 0;
-    const bool marked = WriteFile(file, "\xFF\xFE", 2, &written, nullptr);
-    const DWORD bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    const bool complete = marked && WriteFile(file, text.data(), bytes, &written, nullptr) && written == bytes;
-    CloseHandle(file);
-    return complete;
+    return FolderSetText(bytes);
 }
 
 }  // namespace
@@ -191,7 +173,7 @@ void CFarbenOpt::ExportRules() {
     std::vector<ColourRule> rules;
     for (int row = 0; row < ListView_GetItemCount(list_); ++row)
         rules.push_back(RuleOfCells(Cells(row), ListView_GetCheckState(list_, row) != 0));
-    if (!WriteUnicodeFile(path, FormatRulesFile(rules)))
+    if (!win::WriteUnicodeFile(path, FormatRulesFile(rules)))
         MessageBoxW(page_, (GetText(IDS_EXPORT_FAILED) + L"\n" + path).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
 
@@ -251,7 +233,7 @@ void CFarbenOpt::ExportTabSeparated() {
     if (path.empty()) return;
     std::vector<std::vector<std::wstring>> rows;
     for (int row = 0; row < ListView_GetItemCount(list_); ++row) rows.push_back(Cells(row));
-    if (!WriteUnicodeFile(path, FormatTabSeparated(rows)))
+    if (!win::WriteUnicodeFile(path, FormatTabSeparated(rows)))
         MessageBoxW(page_, (GetText(IDS_EXPORT_FAILED) + L"\n" + path).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
 

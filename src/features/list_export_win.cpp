@@ -13,6 +13,7 @@
 #include "core/language_packs_win.h"
 #include "res/resource.h"
 #include "win/com_ptr_win.h"
+#include "win/text_file_win.h"
 
 namespace tessel {
 namespace {
@@ -202,17 +203,7 @@ ExportTable GatherFolderList(HWND list, IFolderView* view, IShellFolder* folder)
 bool WriteExportFile(const std::wstring& path, const ExportTable& table, ExportType type) {
     const DWORD existing = GetFileAttributesW(path.c_str());
     if (existing != INVALID_FILE_ATTRIBUTES && (existing & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY))) return false;
-    const std::string bytes = ExportFileBytes(table, type);
-    const std::wstring partial = path + L".part~";
-    HANDLE file = CreateFileW(partial.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    DWORD written = 0;
-    const bool complete = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-                          written == bytes.size();
-    CloseHandle(file);
-    if (complete && MoveFileExW(partial.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
-    DeleteFileW(partial.c_str());
-    return false;
+    return win::WriteFileReplacing(path, ExportFileBytes(table, type));
 }
 
 bool ExportWithDialog(HWND owner, const ExportTable& table) {

@@ -17,7 +17,7 @@ ExportTable GatherList(HWND list);
 ExportTable GatherFolderList(HWND list, IFolderView* view, IShellFolder* folder);
 
 // Writes beside the target first and then replaces it, so a failed write leaves any earlier
-// file as it was. False when the file could not be written.
+// file as it was. A read-only target is not replaced. False when the file could not be written.
 bool WriteExportFile(const std::wstring& path, const ExportTable& table, ExportType type);
 
 // The save dialog (type remembered as "ExportIndex" in "List"), the file written and opened;

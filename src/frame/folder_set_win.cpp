@@ -13,6 +13,7 @@
 #include "view/column_memory.h"
 #include "win/handles_win.h"
 #include "win/shell_item_win.h"
+#include "win/text_file_win.h"
 
 namespace tessel {
 namespace {
@@ -30,27 +31,6 @@ TabState TabOf(CMyShellBrowser& browser) {
     if (tab.colsAndSort.empty()) tab.colsId.clear();
     browser.SaveColumnMemory();  // what the file carries is in the settings too
     return tab;
-}
-
-// Written beside the target first and then moved over it, so a failed write leaves the old file.
-bool WriteUnicodeFile(const std::wstring& path, const std::wstring& text) {
-    const std::wstring temporary = path + L".new";
-    win::UniqueHandle file(CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return false;
-    std::string bytes = "\xFF\xFE";
-    for (wchar_t c : text) {
-        bytes += static_cast<char>(c & 0xFF);
-        bytes += static_cast<char>((c >> 8) & 0xFF);
-    }
-    DWORD written = 0;
-    const bool ok = WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-                    written == bytes.size() && FlushFileBuffers(file.get());
-    file.reset();
-    if (ok && MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        return true;
-    DeleteFileW(temporary.c_str());
-    return false;
 }
 
 bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
@@ -169,7 +149,7 @@ FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool w
 
 bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool withColumns, bool withPlacement) {
     if (path.empty() || !hwnd()) return false;
-    return WriteUnicodeFile(FolderSetPath(path), WriteFolderSet(CollectFolderSet(withLayout, withColumns, withPlacement)));
+    return win::WriteUnicodeFile(FolderSetPath(path), WriteFolderSet(CollectFolderSet(withLayout, withColumns, withPlacement)));
 }
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {

@@ -17,15 +17,17 @@
 namespace tessel::testing {
 namespace {
 
-std::wstring ItemText(HWND list, int index) {
+std::wstring CellText(HWND list, int row, int column) {
     wchar_t text[MAX_PATH] = {};
     LVITEMW item{};
-    item.iSubItem = 0;
+    item.iSubItem = column;
     item.pszText = text;
     item.cchTextMax = MAX_PATH;
-    SendMessageW(list, LVM_GETITEMTEXTW, index, reinterpret_cast<LPARAM>(&item));
+    SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
     return text;
 }
+
+std::wstring ItemText(HWND list, int row) { return CellText(list, row, 0); }
 
 bool Listed(CMyShellBrowser& browser, const std::wstring& name) {
     for (int i = 0; i < ListCount(browser); ++i)
@@ -168,24 +170,14 @@ TEST(ListExport, FolderListWrittenAndParsedBackAndTargetsKept) {
     EXPECT_NE(bytes.find("\"semi;colon & co.txt\""), std::string::npos);
     const std::string hiddenCaption(table.captions[2].begin(), table.captions[2].end());
     EXPECT_EQ(bytes.substr(0, bytes.find('\r')).find(hiddenCaption), std::string::npos) << "a narrow column is left out";
-    EXPECT_FALSE(FileExists(csv + L".part~"));
+    EXPECT_FALSE(FileExists(csv + L".new"));
 
     SetFileAttributesW(csv.c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_FALSE(WriteExportFile(csv, table, ExportType::kHtml)) << "a read-only target is not replaced";
     EXPECT_EQ(ReadBytes(csv), bytes);
-    EXPECT_FALSE(FileExists(csv + L".part~"));
+    EXPECT_FALSE(FileExists(csv + L".new"));
     SetFileAttributesW(csv.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_FALSE(WriteExportFile(out / L"no\\such\\folder.txt", table, ExportType::kText));
-}
-
-std::wstring CellText(HWND list, int row, int column) {
-    wchar_t text[MAX_PATH] = {};
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text;
-    item.cchTextMax = MAX_PATH;
-    SendMessageW(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
-    return text;
 }
 
 int RowOf(CMyShellBrowser& browser, const std::wstring& name) {

@@ -1,0 +1,12 @@
+#pragma once
+// Files written so that a failed write never damages the file that was there before.
+#include <string>
+
+namespace tessel::win {
+
+// Writes beside the target first, then moves the new file over it.
+bool WriteFileReplacing(const std::wstring& path, const std::string& bytes);
+// The text as UTF-16LE after a byte-order mark, the form Tessel writes its text files in.
+bool WriteUnicodeFile(const std::wstring& path, const std::wstring& text);
+
+}  // namespace tessel::win
