@@ -1,24 +1,15 @@
 // A filter text typed into the filter box, and the same bytes as a name pattern: parsing never
 // fails, and a name always gets an answer.
-#include <cwctype>
-
+#include "features/case_fold.h"
 #include "features/view_filter.h"
 #include "features/wildcard.h"
 #include "fuzz_text.h"
 
 using namespace tessel;
 
-namespace {
-
-void Lower(wchar_t* text, size_t length) {
-    for (size_t i = 0; i < length; ++i) text[i] = static_cast<wchar_t>(std::towlower(text[i]));
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::wstring text = fuzz::WideOf(data, size);
-    const FilterTokens tokens(text, Lower);
+    const FilterTokens tokens(text, FoldLowerPortable);
     for (const std::wstring& token : tokens.Tokens()) fuzz::Check(!token.empty() && token.find(L';') == std::wstring::npos);
     FilterSwitches on{1, 0, 1, 1, 1};
     for (const wchar_t* name : {L"", L"readme.txt", L"a\\b.jpg", L"[]*?"}) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cwctype>
 #include <random>
 #include <string>
 #include <vector>
@@ -15,19 +14,6 @@
 using namespace tessel;
 
 namespace {
-
-// As the program folds names: ASCII in one pass, the library for the rest.
-void FoldLower(wchar_t* text, size_t length) {
-    bool beyondAscii = false;
-    for (size_t i = 0; i < length; ++i) {
-        const wchar_t c = text[i];
-        beyondAscii |= c >= 0x80;
-        text[i] = static_cast<unsigned>(c - L'A') < 26u ? static_cast<wchar_t>(c + 32) : c;
-    }
-    if (beyondAscii)
-        for (size_t i = 0; i < length; ++i)
-            if (text[i] >= 0x80) text[i] = static_cast<wchar_t>(std::towlower(text[i]));
-}
 
 struct Item : IItemAttributes {
     unsigned attributes = 0;
@@ -71,7 +57,7 @@ int main() {
     const NameList names = Names(1000000);
     RuleIndex index;
     index.Rebuild(Rules(), FoldUpperPortable);
-    const FilterTokens filter(L"*.txt;*.jpg;*.cpp;read*;*2026*", FoldLower);
+    const FilterTokens filter(L"*.txt;*.jpg;*.cpp;read*;*2026*", FoldLowerPortable);
     const FilterSwitches switches{1, 0, 1, 1, 1};
     std::vector<double> perItem;
     long coloured = 0, shown = 0;
@@ -88,7 +74,7 @@ int main() {
             FoldUpperPortable(buffer, length);
             int flags = 0;
             coloured += index.Match({buffer, length}, item, &flags) != kNoColour;
-            FoldLower(buffer, length);
+            FoldLowerPortable(buffer, length);
             shown += FilterShows(switches, filter, {buffer, length}, item.attributes & kAttrFolder);
         }
         const double ns = std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin).count();

@@ -32,21 +32,14 @@ private:
     PCUITEMID_CHILD item_;
 };
 
-template <wchar_t From, int Shift>
-void FoldAscii(wchar_t* text, size_t length, DWORD (*locale)(LPWSTR, DWORD)) {
-    bool beyondAscii = false;
-    for (size_t i = 0; i < length; ++i) {
-        const wchar_t c = text[i];
-        beyondAscii |= c >= 0x80;
-        text[i] = static_cast<unsigned>(c - From) < 26u ? static_cast<wchar_t>(c + Shift) : c;
-    }
-    if (beyondAscii) locale(text, static_cast<DWORD>(length));
-}
-
 }  // namespace
 
-void FoldUpperWin(wchar_t* text, size_t length) { FoldAscii<L'a', -32>(text, length, CharUpperBuffW); }
-void FoldLowerWin(wchar_t* text, size_t length) { FoldAscii<L'A', 32>(text, length, CharLowerBuffW); }
+void FoldUpperWin(wchar_t* text, size_t length) {
+    if (FoldAsciiUpper(text, length)) CharUpperBuffW(text, static_cast<DWORD>(length));
+}
+void FoldLowerWin(wchar_t* text, size_t length) {
+    if (FoldAsciiLower(text, length)) CharLowerBuffW(text, static_cast<DWORD>(length));
+}
 
 ProgramColours& Colours() {
     static ProgramColours colours;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cwctype>
 #include <map>
 
 namespace tessel {
@@ -10,9 +9,11 @@ namespace {
 
 constexpr unsigned kKnownFlags = 0x80000000u;  // the folder and hidden answers are in
 
+// A plain loop: the library's search is generic and shows in the time of every listed item.
 std::wstring_view ExtensionOf(std::wstring_view text) {
-    const size_t dot = text.rfind(L'.');
-    return dot == std::wstring_view::npos ? std::wstring_view() : text.substr(dot);
+    for (size_t at = text.size(); at-- > 0;)
+        if (text[at] == L'.') return text.substr(at);
+    return {};
 }
 
 size_t HashOf(std::wstring_view text) {
@@ -30,19 +31,6 @@ void TakeStyle(int value, int& style, int bit, int& flags, int& open) {
 }
 
 }  // namespace
-
-// Names are mostly ASCII: one branch-free pass, the library only for the rest.
-void FoldUpperPortable(wchar_t* text, size_t length) {
-    bool beyondAscii = false;
-    for (size_t i = 0; i < length; ++i) {
-        const wchar_t c = text[i];
-        beyondAscii |= c >= 0x80;
-        text[i] = static_cast<unsigned>(c - L'a') < 26u ? static_cast<wchar_t>(c - 32) : c;
-    }
-    if (beyondAscii)
-        for (size_t i = 0; i < length; ++i)
-            if (text[i] >= 0x80) text[i] = static_cast<wchar_t>(std::towupper(text[i]));
-}
 
 void RuleIndex::Rebuild(const RuleTable& table, CaseFold upper) {
     entries_.clear();
@@ -109,6 +97,12 @@ void RuleIndex::IndexByExtension() {
         if (at == byExtension_.end()) at = byExtension_.insert(at, {std::wstring(extension), {}});
         at->second.push_back(static_cast<uint16_t>(i));
     }
+    // Each extension's list holds the general entries too, in priority order: one walk per name.
+    for (auto& [extension, indices] : byExtension_) {
+        Indices merged(indices.size() + general_.size());
+        std::merge(indices.begin(), indices.end(), general_.begin(), general_.end(), merged.begin());
+        indices = std::move(merged);
+    }
     size_t size = 16;
     while (size < 2 * byExtension_.size()) size *= 2;
     extensionSlots_.assign(size, -1);
@@ -155,13 +149,9 @@ int RuleIndex::Match(std::wstring_view upperName, IItemAttributes& item, int* fl
     int colour = kNoColour, italic = -1, bold = -1, underline = -1, strikeout = -1, styleFlags = 0;
     int openStyles = flags ? kStyleItalic | kStyleBold | kStyleUnderline | kStyleStrikeout : 0;
     unsigned known = 0;
-    static const Indices kNone;
     const Indices* candidates = CandidatesFor(upperName);
-    const Indices& special = candidates ? *candidates : kNone;
-    size_t g = 0, s = 0;
-    while (g < general_.size() || s < special.size()) {
-        const bool fromGeneral = s >= special.size() || (g < general_.size() && general_[g] < special[s]);
-        const Entry& entry = entries_[fromGeneral ? general_[g++] : special[s++]];
+    for (const uint16_t index : candidates ? *candidates : general_) {
+        const Entry& entry = entries_[index];
         if ((colour != kNoColour || !entry.laterColour) && !(openStyles & entry.laterStyles)) break;
         if (!EntryMatches(entry, upperName, item, known)) continue;
         if (colour == kNoColour) colour = entry.colour;

@@ -8,14 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "features/case_fold.h"
 #include "features/colour_rules.h"
 #include "features/wildcard.h"
 
 namespace tessel {
-
-// Folds the case of a text in place (the locale's upper-casing on Windows).
-using CaseFold = void (*)(wchar_t* text, size_t length);
-void FoldUpperPortable(wchar_t* text, size_t length);  // towupper, for tests and tools
 
 enum FontStyleFlags : int { kStyleItalic = 0x0001, kStyleBold = 0x0010, kStyleUnderline = 0x0100, kStyleStrikeout = 0x1000 };
 
@@ -65,7 +62,7 @@ private:
 
     std::vector<Entry> entries_;  // ascending priority
     Indices general_;             // entries every name is tried against
-    std::vector<std::pair<std::wstring, Indices>> byExtension_;  // "*.ext" entries by extension
+    std::vector<std::pair<std::wstring, Indices>> byExtension_;  // "*.ext" entries by extension, with general_
     std::vector<int32_t> extensionSlots_;  // open addressing into byExtension_, -1 empty
     int bgActive_ = kNoColour, bgOther_ = kNoColour, starColour_ = kNoColour;
 };

@@ -57,8 +57,11 @@ bool FilterShows(const FilterSwitches& switches, const FilterTokens& tokens, std
                  bool isFolder) {
     if (!switches.show_filter || !switches.by_filter) return true;
     if (!switches.by_dir_filter && isFolder) return true;
-    if (const size_t slash = lowerName.rfind(L'\\'); slash != std::wstring_view::npos)
-        lowerName.remove_prefix(slash + 1);
+    for (size_t at = lowerName.size(); at-- > 0;)  // a plain loop: this runs for every listed item
+        if (lowerName[at] == L'\\') {
+            lowerName.remove_prefix(at + 1);
+            break;
+        }
     if (tokens.Empty()) return true;
     return tokens.Matches(lowerName, switches.by_auto_wildcard != 0) != (switches.by_negativ != 0);
 }

@@ -10,6 +10,13 @@ bool SameChars(const wchar_t* a, const wchar_t* b, size_t count) {
     return true;
 }
 
+// From the end: a suffix such as ".ZIP" differs from most names in its last letter, not its dot.
+bool SameCharsBackward(const wchar_t* a, const wchar_t* b, size_t count) {
+    for (size_t i = count; i-- > 0;)
+        if (a[i] != b[i]) return false;
+    return true;
+}
+
 bool Contains(std::wstring_view name, std::wstring_view part) {
     if (part.size() > name.size()) return false;
     const size_t last = name.size() - part.size();
@@ -136,7 +143,7 @@ bool WildcardPattern::Matches(std::wstring_view name) const {
         return name.size() >= literal_.size() && SameChars(name.data(), literal_.data(), literal_.size());
     case Kind::kSuffix:
         return name.size() >= literal_.size() &&
-               SameChars(name.data() + name.size() - literal_.size(), literal_.data(), literal_.size());
+               SameCharsBackward(name.data() + name.size() - literal_.size(), literal_.data(), literal_.size());
     case Kind::kContains:
         return Contains(name, literal_);
     case Kind::kGeneral:

@@ -1,8 +1,7 @@
 // The view filter, the size texts and the list export.
 #include <gtest/gtest.h>
 
-#include <cwctype>
-
+#include "features/case_fold.h"
 #include "features/list_export.h"
 #include "features/size_format.h"
 #include "features/view_filter.h"
@@ -11,16 +10,12 @@
 namespace tessel {
 namespace {
 
-void FoldLower(wchar_t* text, size_t length) {
-    for (size_t i = 0; i < length; ++i) text[i] = static_cast<wchar_t>(std::towlower(text[i]));
-}
-
 bool Shows(const FilterSwitches& switches, std::wstring_view filter, std::wstring_view lowerName, bool folder = false) {
-    return FilterShows(switches, FilterTokens(filter, FoldLower), lowerName, folder);
+    return FilterShows(switches, FilterTokens(filter, FoldLowerPortable), lowerName, folder);
 }
 
 TEST(ViewFilter, TokensAutoWildcardsAndInversion) {
-    const FilterTokens tokens(L"*.JPG,*.png;;*.jpg", FoldLower);
+    const FilterTokens tokens(L"*.JPG,*.png;;*.jpg", FoldLowerPortable);
     EXPECT_EQ(tokens.Tokens(), (std::vector<std::wstring>{L"*.jpg", L"*.png"}));
 
     FilterSwitches on{1, 0, 0, 1, 1};
