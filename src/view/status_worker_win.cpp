@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "win/wait_win.h"
+
 namespace tessel {
 namespace {
 
@@ -147,12 +149,10 @@ bool StatusWorker::Start(HWND list, std::wstring folderPath, HWND done, UINT don
 void StatusWorker::Stop() {
     if (!thread_.joinable()) return;
     thread_.request_stop();
-    // The worker may be waiting on a message sent to this thread: serve sent messages until it ends.
-    HANDLE finished = finished_.get();
-    while (MsgWaitForMultipleObjects(1, &finished, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1) {
-        MSG message;
-        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-    }
+    // An event of our own wakes a worker waiting for an answer: a stop callback would have to be
+    // deregistered by the worker, and that wait can miss its wake-up with this runtime and hang.
+    SetEvent(stopped_.get());
+    win::WaitServingSentMessages(finished_.get());  // the worker may be asking the list something
     thread_.join();
 }
 
@@ -167,7 +167,6 @@ void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath
     if (list && Ask(list, LVM_GETITEMCOUNT, 0, 0, value)) result.counts.items = static_cast<int>(value);
     if (list && Ask(list, LVM_GETSELECTEDCOUNT, 0, 0, value)) result.counts.selected = static_cast<int>(value);
     if (!folderPath.empty() && !stop.stop_requested()) {
-        std::stop_callback wakeOnStop(stop, [this] { SetEvent(stopped_.get()); });
         const bool partial = result.counts.selected > 0 && result.counts.selected < result.counts.items;
         FolderScan scan;
         const bool opened = scan.Open(folderPath);
