@@ -217,6 +217,7 @@ void CMyShellBrowser::AfterViewCreated() {
     firstNavigationDone_ = true;
     owner_.BrowserNavigated(*this);
     RegisterChangeNotify();
+    StartDirectoryWatch();
     StartFolderSizes();
     statusRequested_ = true;
     SetTimer(hwnd(), kTimerTick, 5, nullptr);

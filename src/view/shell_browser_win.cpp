@@ -17,7 +17,6 @@ constexpr UINT_PTR kTimerFreeSpace = 101123;
 constexpr UINT_PTR kTimerRenavigate = 10010;
 constexpr UINT_PTR kTimerFocus = 10011;
 constexpr UINT_PTR kTimerReselect = 10000;
-constexpr UINT_PTR kTimerFolderSizes = 10012;  // a change in the folder: measure again once it settles
 
 // A copy of the first list's font: the list and its font go with their view, the copy stays.
 win::UniqueFont g_listFont;
@@ -141,8 +140,8 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
     case WM_CREATE:
         SetClassLongPtrW(hwnd(), GCL_STYLE, 0);
         break;
-    case kMsgDirectoryChange:
-        if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
+    case kMsgDirectoryChange:  // a change the watcher read, valid during this message
+        OnDirectoryChange(reinterpret_cast<const DirChange*>(wParam));
         return 0;
     case kMsgFolderSizes:
         OnFolderSizes();
@@ -200,6 +199,9 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
     case kTimerFreeSpace:
         statusRequested_ = true;
         break;
+    case kTimerFollowDisk:
+        FollowDisk();
+        break;
     case kTimerRenavigate:
         if (shown_ && !navigating_) {
             target_ = win::ClonePidl(shown_.get());
@@ -236,6 +238,7 @@ void CMyShellBrowser::DelayedReselect(win::UniquePidl item, UINT milliseconds) {
 std::wstring CMyShellBrowser::FolderPathForStatus() const { return win::FileSystemPathOf(shown_.get()); }
 
 void CMyShellBrowser::OnStatusReady() {
+    ++statusRuns_;
     const StatusResult result = statusWorker_.TakeResult();
     const StatusWords words{GetText(IDS_STATUS_ITEMS), GetText(IDS_STATUS_SELECTED), GetText(IDS_STATUS_FOLDERS),
                             GetText(IDS_STATUS_FILES), GetText(108)};
@@ -277,6 +280,9 @@ void CMyShellBrowser::RegisterChangeNotify() {
 }
 
 void CMyShellBrowser::TearDownView() {
+    dirWatch_.Stop();
+    followArmed_ = false;
+    KillTimer(hwnd(), kTimerFollowDisk);
     statusWorker_.Stop();
     sizeWorker_.Stop();  // leaving the folder ends its walk at once
     KillTimer(hwnd(), kTimerFolderSizes);

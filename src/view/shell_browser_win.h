@@ -14,6 +14,7 @@
 #include "features/folder_size_worker_win.h"
 #include "features/list_export.h"
 #include "view/column_store.h"
+#include "view/dir_watch_win.h"
 #include "view/navigation_history.h"
 #include "view/shell_change.h"
 #include "view/status_worker_win.h"
@@ -24,7 +25,11 @@
 namespace tessel {
 
 class CMyShellBrowser;
+struct DirChange;
 struct ViewFilter;
+
+// The bytes of an item identifier list, as history entries and selections keep them.
+ItemBytes BytesOf(PCUIDLIST_RELATIVE pidl);
 
 // What a browser view tells its panel and asks of it.
 class IBrowserOwner {
@@ -51,7 +56,9 @@ inline constexpr UINT kMsgDirectoryChange = WM_USER + 0xCF1;
 inline constexpr UINT kMsgQueryItem = WM_USER + 0xE1;
 inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
 inline constexpr UINT kMsgFolderSizes = WM_APP + 0x122;  // sizes are in the cache; wParam 1: all
-inline constexpr UINT_PTR kTimerSizeCells = 10013;        // the next few size cells to draw
+inline constexpr UINT_PTR kTimerFolderSizes = 10012;  // a change in the folder: measure again once it settles
+inline constexpr UINT_PTR kTimerSizeCells = 10013;
+inline constexpr UINT_PTR kTimerFollowDisk = 10014;  // outside changes settled: list the folder again        // the next few size cells to draw
 inline constexpr int kSizeCellsPerPaint = 1;
 inline constexpr UINT kSizeCellsPause = 20;  // ms
 
@@ -132,6 +139,8 @@ public:
     // What the list shows, for an export: captions, widths and every row.
     ExportTable ListTable() const;
     bool FolderSizesRunning() const { return sizeWorker_.Running(); }
+    int DiskFollows() const { return diskFollows_; }  // how often outside changes were listed
+    int StatusRuns() const { return statusRuns_; }    // how often the status was worked out
     // The view and list colours after the colour rules or the T-View in use changed.
     void SetInUseColours(bool inUse);
     bool closed = false;  // kept by the panel for reuse
@@ -162,6 +171,12 @@ private:
     void OnShellChange(WPARAM wParam, LPARAM lParam);
     void RegisterChangeNotify();
     void TearDownView();
+
+    // Outside changes where the shell does not report them: the watcher and the refresh.
+    void StartDirectoryWatch();
+    void OnDirectoryChange(const DirChange* change);
+    void FollowDisk();
+    void RefreshKeepingPlace();
     bool HarvestStreams();
     bool SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted);
     FOLDERSETTINGS NextFolderSettings() const;
@@ -238,6 +253,11 @@ private:
     std::wstring freeSpaceText_;
     ULONG notifyId_ = 0;
     ShellChange lastChange_;
+    CMyReadDirectoryChanges dirWatch_;
+    bool followArmed_ = false;
+    UINT lastFollowMs_ = 0;  // how long listing the folder again took
+    int diskFollows_ = 0;
+    int statusRuns_ = 0;
     win::UniquePidl reselect_;
     time_t reselectTime_ = 0;
 

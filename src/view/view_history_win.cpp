@@ -14,13 +14,13 @@
 #include "win/shell_item_win.h"
 
 namespace tessel {
-namespace {
-
 ItemBytes BytesOf(PCUIDLIST_RELATIVE pidl) {
     if (!pidl) return {};
     const auto* data = reinterpret_cast<const uint8_t*>(pidl);
     return ItemBytes(data, data + ILGetSize(pidl));
 }
+
+namespace {
 
 // A list of our own from stored bytes; none when the bytes are not a list.
 win::UniquePidl PidlOf(const ItemBytes& bytes) {
