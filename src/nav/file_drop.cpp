@@ -2,15 +2,10 @@
 
 #include <cwctype>
 
+#include "core/text_case.h"
+
 namespace tessel {
 namespace {
-
-bool SameNoCase(std::wstring_view a, std::wstring_view b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i)
-        if (std::towlower(a[i]) != std::towlower(b[i])) return false;
-    return true;
-}
 
 // "C:" of a drive path, "\\server\share" of a network path, "" when neither.
 std::wstring_view VolumeOf(std::wstring_view path) {
@@ -40,7 +35,7 @@ uint32_t FileDropEffect(uint32_t keys, bool sameVolume, uint32_t allowed) {
 
 bool SameVolume(std::wstring_view a, std::wstring_view b) {
     const std::wstring_view va = VolumeOf(a), vb = VolumeOf(b);
-    return !va.empty() && SameNoCase(va, vb);
+    return !va.empty() && EqualNoCase(va, vb);
 }
 
 bool DropsIntoItself(const std::vector<std::wstring>& dropped, std::wstring_view target) {
@@ -48,7 +43,7 @@ bool DropsIntoItself(const std::vector<std::wstring>& dropped, std::wstring_view
     for (const std::wstring& item : dropped) {
         const std::wstring_view source = WithoutTrailingSlash(item);
         if (source.empty() || target.size() < source.size()) continue;
-        if (!SameNoCase(target.substr(0, source.size()), source)) continue;
+        if (!EqualNoCase(target.substr(0, source.size()), source)) continue;
         if (target.size() == source.size() || target[source.size()] == L'\\' || source.back() == L'\\') return true;
     }
     return false;
