@@ -111,8 +111,12 @@ STDMETHODIMP CMyShellBrowser::OnDefaultCommand(IShellView* view) {
     PCUITEMID_CHILD children[] = {child};
     const bool isFolder = SUCCEEDED(shownFolder_->GetAttributesOf(1, children, &attributes)) &&
                           (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)) && !(attributes & SFGAO_STREAM);
-    win::UniquePidl target(isFolder ? ILCombine(shown_.get(), child) : nullptr);
+    win::UniquePidl target(ILCombine(shown_.get(), child));
     CoTaskMemFree(child);
+    if (target && !isFolder) {
+        wchar_t path[MAX_PATH] = {};
+        return SHGetPathFromIDListW(target.get(), path) && OpenByAssociation(path) ? S_OK : S_FALSE;
+    }
     if (!target) return S_FALSE;
     NavigateTo(std::move(target), false, true);
     return S_OK;

@@ -157,6 +157,9 @@ public:
     void DelayedFocus(UINT milliseconds);
     void DelayedReselect(win::UniquePidl item, UINT milliseconds);  // dropped when 5 s have passed
     void Execute(int command);  // view commands of the toolbars and menus
+    // A quick-link or program entry: placeholders filled in, a folder opened here, a program started.
+    bool RunUserCommand(const std::wstring& command);
+    bool OpenByAssociation(const std::wstring& filePath);  // false when no entry names the type
     // Carries out a command of a context menu built with ids from 1; false when it failed.
     bool RunMenuCommand(IContextMenu* menu, UINT offset);
     void ShowViewModeMenu(POINT screenPoint);

@@ -165,6 +165,15 @@ void DrawCommand(Glyph& g, int command) {
         g.Box(1, 9, 7, 15, kFolder, kFolder);
         g.Box(9, 9, 15, 15, kBlue, kBlue);
         break;
+    case ID_QUICK_LINKS_MENU:  // a folder with a jump arrow
+        DrawFolder(g);
+        g.Shape({{5, 12}, {10, 7}, {8, 5}, {14, 5}, {14, 11}, {12, 9}, {7, 14}}, kGreen);
+        break;
+    case ID_PROGRAMS_MENU:  // a program window with a start arrow
+        g.Box(1, 2, 15, 14, kPaper);
+        g.Fill(1, 2, 15, 5, kBlue);
+        g.Shape({{6, 7}, {11, 10}, {6, 13}}, kGreen);
+        break;
     default:
         g.Box(3, 3, 13, 13, kPaper);
         break;

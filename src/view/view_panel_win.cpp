@@ -84,6 +84,7 @@ bool CPloder::OnCreate() {
     statusBar_ = Child(STATUSCLASSNAMEW, WS_VISIBLE | WS_CLIPCHILDREN | CCS_NOPARENTALIGN | CCS_NORESIZE, 0, hwnd(),
                        kStatusBarId);
     toolbars_.Create(hwnd(), statusBar_);
+    RefreshUserMenuButtons();
     tabs_ = std::make_unique<CCBrowserTabView>(*this, hwnd());
     folderTree_.Attach(tree_, [this](PCIDLIST_ABSOLUTE folder) { NavigateTo(win::ClonePidl(folder)); });
     HFONT font = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
@@ -399,6 +400,7 @@ LRESULT CPloder::OnNotify(NMHDR* header) {
             active_->ShowHistoryMenu(drop->iItem == ID_VIEW_FORWARD, at);
         if (drop->iItem == ID_TRANSFER || drop->iItem == ID_COPY_TO_VIEW || drop->iItem == ID_MOVE_TO_VIEW)
             ShowTransferMenu(drop->iItem, at);
+        if (drop->iItem == ID_QUICK_LINKS_MENU || drop->iItem == ID_PROGRAMS_MENU) ShowUserMenu(drop->iItem, at);
         return TBDDRET_DEFAULT;
     }
     return 0;
@@ -419,6 +421,12 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_NOTIFY:
         return OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case WM_MEASUREITEM:
+        if (MeasureUserMenuItem(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
+        break;
+    case WM_DRAWITEM:
+        if (DrawUserMenuItem(reinterpret_cast<DRAWITEMSTRUCT*>(lParam))) return TRUE;
+        break;
     case WM_SETFOCUS:
         if (active_) SetFocus(active_->hwnd());
         return 0;

@@ -11,6 +11,7 @@
 #include "nav/folder_tree_win.h"
 #include "features/view_filter.h"
 #include "nav/tab_view_win.h"
+#include "nav/quick_links.h"
 #include "view/browser_slots.h"
 #include "view/shell_browser_win.h"
 #include "view/view_toolbars_win.h"
@@ -99,6 +100,10 @@ public:
     win::UniqueMenu BuildTransferMenu(UINT kind) const;
     void RunTransferCommand(UINT kind, UINT command);
     void ShowTransferMenu(UINT kind, POINT screenPoint);
+    // The quick-links (ID_QUICK_LINKS_MENU) and programs (ID_PROGRAMS_MENU) menus.
+    void ShowUserMenu(UINT command, POINT screenPoint);
+    void RunUserMenuCommand(UINT command);
+    void RefreshUserMenuButtons();
 
     // ITabOwner
     CMyShellBrowser* CreateTabBrowser(const TabRecord& tab) override;
@@ -117,6 +122,8 @@ private:
     void OnFilterBoxFocused();
     void Layout();
     LRESULT OnNotify(NMHDR* header);
+    bool MeasureUserMenuItem(MEASUREITEMSTRUCT* item);
+    bool DrawUserMenuItem(DRAWITEMSTRUCT* item);
 
     int viewIndex_;
     std::wstring sectionName_;
@@ -143,6 +150,8 @@ private:
     PeerLookup peers_;
     std::unique_ptr<CAdressBar> addressBar_;
     bool inUse_ = false;
+    std::vector<QuickLinkEntry> menuEntries_;  // of the quick-links or programs menu while it is open
+    std::vector<win::UniqueIcon> menuIcons_;
 };
 
 // An address bar whose choices go to the panel `target` names at the moment they are made.

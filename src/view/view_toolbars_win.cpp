@@ -96,8 +96,8 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
             info.fsState = 0;
             SendMessageW(bars_[0], TB_SETBUTTONINFOW, command, reinterpret_cast<LPARAM>(&info));
         }
-        // Transfer, copy-to and move-to are menus of the T-Views only.
-        for (int command : {ID_TRANSFER, ID_COPY_TO_VIEW, ID_MOVE_TO_VIEW}) {
+        // Transfer, copy-to and move-to are menus of the T-Views only, as are the user's lists.
+        for (int command : {ID_TRANSFER, ID_COPY_TO_VIEW, ID_MOVE_TO_VIEW, ID_QUICK_LINKS_MENU, ID_PROGRAMS_MENU}) {
             TBBUTTONINFOW info{sizeof(info), TBIF_STYLE};
             info.fsStyle = BTNS_BUTTON | BTNS_WHOLEDROPDOWN;
             SendMessageW(bars_[0], TB_SETBUTTONINFOW, command, reinterpret_cast<LPARAM>(&info));
@@ -112,6 +112,15 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
     }
     for (HWND bar : bars_)
         if (bar) SendMessageW(bar, TB_AUTOSIZE, 0, 0);
+}
+
+void ViewToolbars::ShowUserMenus(bool quickLinks, bool programs) {
+    quickLinksWanted_ = quickLinks;
+    programsWanted_ = programs;
+    if (!bars_[0]) return;
+    SendMessageW(bars_[0], TB_HIDEBUTTON, ID_QUICK_LINKS_MENU, !quickLinks);
+    SendMessageW(bars_[0], TB_HIDEBUTTON, ID_PROGRAMS_MENU, !programs);
+    SendMessageW(bars_[0], TB_AUTOSIZE, 0, 0);
 }
 
 void ViewToolbars::EnableHistory(bool back, bool forward) {
@@ -132,9 +141,10 @@ void ViewToolbars::ShowMainButtons(int from, bool visible) {
     const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
     for (int i = from; i < count; ++i) {
         TBBUTTON button{};
-        if (SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button)))
-            SendMessageW(bar, TB_SETSTATE, button.idCommand,
-                         visible ? button.fsState & ~TBSTATE_HIDDEN : button.fsState | TBSTATE_HIDDEN);
+        if (!SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button))) continue;
+        const bool show = visible && (button.idCommand != ID_QUICK_LINKS_MENU || quickLinksWanted_) &&
+                          (button.idCommand != ID_PROGRAMS_MENU || programsWanted_);
+        SendMessageW(bar, TB_SETSTATE, button.idCommand, show ? button.fsState & ~TBSTATE_HIDDEN : button.fsState | TBSTATE_HIDDEN);
     }
     mainHidden_ = !visible && from < count;
 }

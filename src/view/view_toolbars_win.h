@@ -25,6 +25,8 @@ public:
     int Place(HWND statusBar, int textWidth);
     int Height() const;
     void EnableHistory(bool back, bool forward);
+    // The quick-links and programs buttons, hidden while their list is switched off.
+    void ShowUserMenus(bool quickLinks, bool programs);
     HWND View() const { return bars_[0]; }
     HWND Extra() const { return bars_[1]; }
     HWND Modes() const { return bars_[2]; }
@@ -37,6 +39,8 @@ private:
     bool wanted_[3] = {true, false, true};  // the extra toolbar starts hidden
     HIMAGELIST images_[3] = {};
     bool mainHidden_ = false;  // buttons of the main toolbar are hidden for want of room
+    bool quickLinksWanted_ = true;  // the user's lists are not switched off
+    bool programsWanted_ = true;
 };
 
 }  // namespace tessel

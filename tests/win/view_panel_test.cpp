@@ -48,7 +48,8 @@ TEST(ViewPanel, ChildrenToolbarsAndSettings) {
     const ViewToolbars& bars = panel.Toolbars();
     EXPECT_EQ(GetParent(bars.View()), panel.StatusBar()) << "the status bar carries the toolbars";
     EXPECT_EQ(ButtonCommands(bars.View()),
-              (std::vector<int>{ID_VIEW_BACK, ID_VIEW_FORWARD, ID_VIEW_UP, ID_VIEW_REFRESH, 0, ID_VIEW_NEW_FOLDER, ID_VIEW_CUT, ID_VIEW_COPY,
+              (std::vector<int>{ID_VIEW_BACK, ID_VIEW_FORWARD, ID_VIEW_UP, ID_VIEW_REFRESH, ID_QUICK_LINKS_MENU,
+                                ID_PROGRAMS_MENU, 0, ID_VIEW_NEW_FOLDER, ID_VIEW_CUT, ID_VIEW_COPY,
                                 ID_VIEW_PASTE, ID_VIEW_DELETE, ID_VIEW_PROPERTIES, 0, ID_TRANSFER, ID_COPY_TO_VIEW,
                                 ID_MOVE_TO_VIEW}));
     // Back and forward wait for a history and list it behind their arrows.

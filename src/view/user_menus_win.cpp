@@ -1,0 +1,145 @@
+// The quick-links and programs menus of a T-View: built from their lists each time they open
+// (the quick-links also list the shortcuts of the Quick-Link folder), drawn with each target's
+// icon, and carried out by the view in use.
+#include <windows.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <algorithm>
+
+#include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
+#include "nav/favorites_win.h"
+#include "nav/quick_links.h"
+#include "res/resource.h"
+#include "view/command_placeholders_win.h"
+#include "view/view_panel_win.h"
+#include "win/com_ptr_win.h"
+
+namespace tessel {
+namespace {
+
+// A shortcut's target, so that a link to a folder opens in the view; the link itself otherwise.
+std::wstring LinkTarget(const std::wstring& linkPath) {
+    win::ComPtr<IShellLinkW> link;
+    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.put_void())))
+        return linkPath;
+    win::ComPtr<IPersistFile> file = link.As<IPersistFile>();
+    wchar_t target[MAX_PATH] = {};
+    if (!file || FAILED(file->Load(linkPath.c_str(), STGM_READ)) || FAILED(link->GetPath(target, MAX_PATH, nullptr, 0)) ||
+        !target[0])
+        return linkPath;
+    const DWORD attributes = GetFileAttributesW(target);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? target : linkPath;
+}
+
+void AddQuickLinkFolder(std::vector<QuickLinkEntry>& entries) {
+    FavoritesPlacesWin places;
+    const std::wstring folder = QuickLinkFolder(Settings(), places);
+    if (folder.empty()) return;
+    const std::wstring base = folder.back() == L'\\' ? folder : folder + L"\\";
+    WIN32_FIND_DATAW data;
+    HANDLE find = FindFirstFileW((base + L"*.lnk").c_str(), &data);
+    if (find == INVALID_HANDLE_VALUE) return;
+    do {
+        if (entries.size() >= kQuickLinkMaxEntries) break;
+        std::wstring name = data.cFileName;
+        name.resize(name.size() - 4);  // without ".lnk"
+        entries.push_back({name, LinkTarget(base + data.cFileName)});
+    } while (FindNextFileW(find, &data));
+    FindClose(find);
+}
+
+// The icon of what an entry starts or opens; a generic program icon when the system knows none.
+HICON IconOfTarget(const std::wstring& target) {
+    std::wstring text = target;
+    ExpandSystemPathVariables(text);
+    const CommandParts parts = SplitCommand(text, [](const std::wstring& path) {
+        return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    });
+    std::wstring program = parts.program;
+    wchar_t found[MAX_PATH] = {};
+    if (GetFileAttributesW(program.c_str()) == INVALID_FILE_ATTRIBUTES &&
+        SearchPathW(nullptr, program.c_str(), L".exe", MAX_PATH, found, nullptr))
+        program = found;  // "notepad.exe" as the shell would find it
+    SHFILEINFOW info{};
+    if (SHGetFileInfoW(program.c_str(), 0, &info, sizeof(info), SHGFI_ICON | SHGFI_SMALLICON) && info.hIcon)
+        return info.hIcon;
+    if (SHGetFileInfoW(program.c_str(), FILE_ATTRIBUTE_NORMAL, &info, sizeof(info),
+                       SHGFI_ICON | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES) && info.hIcon)
+        return info.hIcon;
+    return nullptr;
+}
+
+}  // namespace
+
+void CPloder::RefreshUserMenuButtons() {
+    toolbars_.ShowUserMenus(!QuickLinksDisabled(Settings(), kQuickLinksSection),
+                            !QuickLinksDisabled(Settings(), kProgramsSection));
+}
+
+void CPloder::ShowUserMenu(UINT command, POINT screenPoint) {
+    const wchar_t* section = command == ID_PROGRAMS_MENU ? kProgramsSection : kQuickLinksSection;
+    RefreshUserMenuButtons();
+    if (QuickLinksDisabled(Settings(), section)) return;
+    menuEntries_ = ReadQuickLinks(Settings(), section);
+    if (command == ID_QUICK_LINKS_MENU) AddQuickLinkFolder(menuEntries_);
+    menuIcons_.clear();
+    win::UniqueMenu menu(CreatePopupMenu());
+    for (size_t i = 0; i < menuEntries_.size(); ++i) {
+        menuIcons_.emplace_back(IconOfTarget(menuEntries_[i].target));
+        AppendMenuW(menu.get(), MF_OWNERDRAW, kQuickLinkFirstCommand + i, reinterpret_cast<LPCWSTR>(i));
+    }
+    if (menuEntries_.empty()) AppendMenuW(menu.get(), MF_STRING | MF_GRAYED, 0, GetText(62081).c_str());
+    const UINT chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, 0,
+                                       hwnd(), nullptr);
+    RunUserMenuCommand(chosen);
+}
+
+void CPloder::RunUserMenuCommand(UINT command) {
+    const size_t index = command - kQuickLinkFirstCommand;
+    if (command < kQuickLinkFirstCommand || index >= menuEntries_.size() || !active_) return;
+    const std::wstring target = menuEntries_[index].target;
+    menuEntries_.clear();
+    menuIcons_.clear();
+    active_->RunUserCommand(target);
+}
+
+bool CPloder::MeasureUserMenuItem(MEASUREITEMSTRUCT* item) {
+    const size_t index = item->itemData;
+    if (item->CtlType != ODT_MENU || index >= menuEntries_.size()) return false;
+    HDC dc = GetDC(hwnd());
+    NONCLIENTMETRICSW metrics{sizeof(metrics)};
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+    win::UniqueFont font(CreateFontIndirectW(&metrics.lfMenuFont));
+    HGDIOBJ old = SelectObject(dc, font.get());
+    SIZE text{};
+    const std::wstring& name = menuEntries_[index].name;
+    GetTextExtentPoint32W(dc, name.c_str(), static_cast<int>(name.size()), &text);
+    SelectObject(dc, old);
+    ReleaseDC(hwnd(), dc);
+    const int icon = GetSystemMetrics(SM_CXSMICON);
+    item->itemWidth = static_cast<UINT>(text.cx + icon + win::Scaled(hwnd(), 16));
+    item->itemHeight = static_cast<UINT>(std::max<LONG>(text.cy, icon) + win::Scaled(hwnd(), 6));
+    return true;
+}
+
+bool CPloder::DrawUserMenuItem(DRAWITEMSTRUCT* item) {
+    const size_t index = item->itemData;
+    if (item->CtlType != ODT_MENU || index >= menuEntries_.size()) return false;
+    const bool selected = item->itemState & ODS_SELECTED;
+    FillRect(item->hDC, &item->rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_MENU));
+    const int icon = GetSystemMetrics(SM_CXSMICON);
+    const int gap = win::Scaled(hwnd(), 4);
+    RECT box = item->rcItem;
+    if (index < menuIcons_.size() && menuIcons_[index])
+        DrawIconEx(item->hDC, box.left + gap, box.top + (box.bottom - box.top - icon) / 2, menuIcons_[index].get(), icon,
+                   icon, 0, nullptr, DI_NORMAL);
+    box.left += icon + 2 * gap;
+    SetBkMode(item->hDC, TRANSPARENT);
+    SetTextColor(item->hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_MENUTEXT));
+    DrawTextW(item->hDC, menuEntries_[index].name.c_str(), -1, &box, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    return true;
+}
+
+}  // namespace tessel

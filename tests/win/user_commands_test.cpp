@@ -1,0 +1,71 @@
+// Quick-links, program entries and associations carried out by a T-View: placeholders filled in
+// from its list, folders opened in it, programs started with the selection.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include "core/settings_store_win.h"
+#include "nav/quick_links.h"
+#include "res/resource.h"
+#include "view_host_win.h"
+
+namespace tessel::testing {
+namespace {
+
+class UserCommands : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CreateDirectoryW((files_ / L"sub").c_str(), nullptr);
+        WriteBytes(files_ / L"a b.txt", "a");
+        WriteBytes(files_ / L"c.zzz", "c");
+        ASSERT_TRUE(host_.Panel().NavigateToText(files_.path()));
+    }
+    // What a started command wrote, once it is there.
+    std::string Output() {
+        PumpUntil([&] { return FileExists(output_) && !ReadBytes(output_).empty(); }, 10000);
+        Pump(200);
+        return FileExists(output_) ? ReadBytes(output_) : std::string();
+    }
+
+    TempFolder files_, outside_;
+    std::wstring output_ = outside_ / L"out.txt";
+    ViewHost host_;
+};
+
+TEST_F(UserCommands, ProgramsGetTheSelectionAndFoldersOpenInTheView) {
+    CMyShellBrowser& browser = host_.Browser();
+    ASSERT_TRUE(SelectByName(browser, L"a b.txt"));
+    EXPECT_TRUE(browser.RunUserCommand(L"cmd.exe /c echo %sel_files%>\"" + output_ + L"\""));
+    const std::wstring expected = L"\"" + LowerCase(files_ / L"a b.txt") + L"\"\r\n";
+    const std::string written = Output();
+    EXPECT_EQ(LowerCase(std::wstring(written.begin(), written.end())), expected) << "one quoted path per selected item";
+
+    EXPECT_TRUE(browser.RunUserCommand(L"\"%curdir%\\sub\""));
+    EXPECT_EQ(LowerCase(browser.CurrentPath()), LowerCase(files_ / L"sub")) << "a folder opens in the view";
+    EXPECT_FALSE(browser.RunUserCommand(L"Z:\\no\\such\\program.exe"));
+    EXPECT_EQ(LowerCase(browser.CurrentPath()), LowerCase(files_ / L"sub"));
+}
+
+TEST_F(UserCommands, AssociatedTypesOpenWithTheirProgram) {
+    CMyShellBrowser& browser = host_.Browser();
+    ASSERT_TRUE(SelectByName(browser, L"c.zzz"));
+    WriteQuickLinks(Settings(), kAssociationSection, {{L"*.zzz", L"cmd.exe /c copy %sel_file% \"" + output_ + L"\""}});
+    EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_OK) << "the program opens the file, not the view";
+    EXPECT_EQ(Output(), "c");
+    ASSERT_TRUE(SelectByName(browser, L"a b.txt"));
+    EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_FALSE) << "other types are left to the view";
+}
+
+TEST_F(UserCommands, SwitchedOffListsHideTheirButtons) {
+    HWND modes = host_.Panel().Toolbars().View();
+    ASSERT_NE(modes, nullptr);
+    EXPECT_FALSE(SendMessageW(modes, TB_ISBUTTONHIDDEN, ID_PROGRAMS_MENU, 0));
+    Settings().PutInt(L"Programs_State", L"Disable", 1);
+    host_.Panel().RefreshUserMenuButtons();
+    EXPECT_TRUE(SendMessageW(modes, TB_ISBUTTONHIDDEN, ID_PROGRAMS_MENU, 0));
+    EXPECT_FALSE(SendMessageW(modes, TB_ISBUTTONHIDDEN, ID_QUICK_LINKS_MENU, 0));
+}
+
+}  // namespace
+}  // namespace tessel::testing
