@@ -55,14 +55,8 @@ std::wstring ChooseFile(HWND owner, bool save, const std::wstring& filter, const
 
 // Text files as users bring them (UTF-16, UTF-8 or an 8-bit code page), at most 1 MB of them.
 std::wstring ReadTextFile(const std::wstring& path) {
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return {};
-    std::string bytes(kLargestRulesFile, '\0');
-    DWORD read = 0;
-    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
-    CloseHandle(file);
-    bytes.resize(read);
-    return FolderSetText(bytes);
+    std::string bytes;
+    return win::ReadFileBytes(path, kLargestRulesFile, bytes) ? FolderSetText(bytes) : std::wstring();
 }
 
 }  // namespace

@@ -33,17 +33,6 @@ TabState TabOf(CMyShellBrowser& browser) {
     return tab;
 }
 
-bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
-    win::UniqueHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    LARGE_INTEGER size{};
-    if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kFolderSetSizeLimit) return false;
-    bytes.resize(static_cast<size_t>(size.QuadPart));
-    DWORD read = 0;
-    return bytes.empty() || (ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) &&
-                             read == bytes.size());
-}
-
 std::wstring AnsiCodePageText(std::string_view bytes) {
     const int size = static_cast<int>(std::min<size_t>(bytes.size(), kFolderSetSizeLimit));
     std::wstring text(size, L'\0');  // never more characters than bytes
@@ -154,7 +143,7 @@ bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool w
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
     std::string bytes;
-    const std::wstring text = ReadWholeFile(path, bytes) ? FolderSetText(bytes, AnsiCodePageText) : std::wstring();
+    const std::wstring text = win::ReadFileBytes(path, kFolderSetSizeLimit, bytes) ? FolderSetText(bytes, AnsiCodePageText) : std::wstring();
     if (!IsFolderSetText(text)) {
         if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), GetText(60000).c_str(),
                                       MB_ICONWARNING);

@@ -242,6 +242,7 @@ void CMainFrame::StartFurtherInstance() {
 }
 
 void CMainFrame::OnCommand(int id, LPARAM lParam) {
+    if (OnFavoritesCommand(id)) return;
     switch (id) {
     case ID_APP_EXIT: PostMessageW(hwnd(), WM_CLOSE, 0, 0); break;
     case ID_APP_ABOUT: ShowAbout(); break;
@@ -426,7 +427,18 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (LOWORD(lParam) != laidOut_.cx || HIWORD(lParam) != laidOut_.cy) Layout();
         return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam), lParam); return 0;
-    case WM_INITMENUPOPUP: OnInitMenuPopup(reinterpret_cast<HMENU>(wParam)); return 0;
+    case WM_INITMENUPOPUP: {
+        HMENU menu = reinterpret_cast<HMENU>(wParam);
+        if (GetMenuItemID(menu, 0) == ID_FAV_ADD) favorites_.Rebuild(menu);
+        else if (!favorites_.FillSubmenu(menu)) OnInitMenuPopup(menu);
+        return 0;
+    }
+    case WM_MEASUREITEM:
+        if (favorites_.Measure(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
+        break;
+    case WM_DRAWITEM:
+        if (favorites_.Draw(reinterpret_cast<DRAWITEMSTRUCT*>(lParam))) return TRUE;
+        break;
     case WM_CLOSE: RequestClose(); return 0;
     case WM_TIMER:
         if (wParam == kTimerParked) CheckParkedDialogs();

@@ -10,6 +10,7 @@
 #include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
 #include "frame/view_layout.h"
+#include "nav/favorites_menu_win.h"
 #include "nav/folder_tree_win.h"
 #include "frame/last_state.h"
 #include "frame/parking_win.h"
@@ -62,6 +63,14 @@ private:
     void EndBarDrag();
     LRESULT OnNotify(NMHDR* header);
     void OnCommand(int id, LPARAM lParam);
+    // Favorites: the menu's commands and entries, the folder, adding favorites.
+    bool OnFavoritesCommand(int id);
+    std::wstring EnsureFavoritesFolder();  // asks for one when none is known; "" when none
+    bool ChooseFavoritesFolder();
+    std::wstring FreeFavoritePath(const std::wstring& folder, std::wstring name, bool search);
+    void AddFavorite();
+    void AddSearchFavorite();
+    void OpenFavorite(const std::wstring& path, bool folder, bool newWindow);
     void OnInitMenuPopup(HMENU menu);
     void ReplaceMenu();
     void SetLanguage(int languageId);
@@ -105,6 +114,7 @@ private:
     int focusedView_ = 1;
     LayoutBlock layoutExtras_;  // tree and preview values kept for the next folder set
     CShellTree2 frameTree_;
+    FavoritesMenu favorites_;
     std::unique_ptr<CAdressBar> addressBar_;
     void ApplyFrameAddressBar();
     void ShowFocusedLocation();  // the frame's address bar and tree follow the T-View in use

@@ -35,6 +35,12 @@ void CPloder::OnFilterBoxFocused() {
 // Each change waits for a pause in the typing, so the folder is listed once per pause.
 void CPloder::OnFilterBoxChanged() { SetTimer(hwnd(), kFilterPauseTimer, kFilterPauseMs, nullptr); }
 
+void CPloder::ShowFilter(const std::wstring& text) {
+    if (!filter_.switches.show_filter) ToggleFilterBox();
+    SetWindowTextW(filterBox_, text.c_str());
+    ApplyFilterText();
+}
+
 void CPloder::ApplyFilterText() {
     KillTimer(hwnd(), kFilterPauseTimer);
     std::wstring text = WindowText(filterBox_);

@@ -224,6 +224,10 @@ void CPloder::NewTab() {
     tabs_->Select(tabs_->InsertTab(win::ClonePidl(active_->Current()), std::to_wstring(tabs_->Selected() + 1)));
 }
 
+void CPloder::OpenTab(win::UniquePidl folder) {
+    if (folder && tabs_) tabs_->Select(tabs_->InsertTab(std::move(folder)));
+}
+
 void CPloder::CloseCurrentTab() { tabs_->CloseTab(tabs_->Selected()); }
 
 void CPloder::NextTab(int step) {

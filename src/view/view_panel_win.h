@@ -41,6 +41,10 @@ public:
     CCBrowserTabView& Tabs() { return *tabs_; }
     // Tab commands of the keyboard: a new tab on the current folder, close, next and previous.
     void NewTab();
+    void OpenTab(win::UniquePidl folder);  // a new tab at the end of the strip, selected
+    // The filter box shown with this text, as a search favorite reopens its folder.
+    void ShowFilter(const std::wstring& text);
+    const std::wstring& FilterText() const { return filterText_; }
     void CloseCurrentTab();
     void NextTab(int step);
     bool HasLocation() const;

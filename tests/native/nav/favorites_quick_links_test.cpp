@@ -5,6 +5,7 @@
 
 #include "nav/favorites_folder.h"
 #include "nav/quick_links.h"
+#include "nav/search_favorite.h"
 #include "support/memory_settings.h"
 
 namespace tessel {
@@ -57,6 +58,20 @@ TEST(Favorites, DefaultNameHasDayWithoutAndMonthWithLeadingZero) {
     when.tm_hour = 8;
     when.tm_min = 7;
     EXPECT_EQ(DefaultFavoriteName(when), L"4.02.2026 08-07");
+}
+
+TEST(Favorites, SearchFavoritesKeepFolderAndFilter) {
+    const SearchFavorite search{L"C:\\Projects\\a=b", L"*.cpp;*.h"};
+    SearchFavorite read;
+    ASSERT_TRUE(ReadSearchFavorite(WriteSearchFavorite(search), read));
+    EXPECT_EQ(read, search);
+    ASSERT_TRUE(ReadSearchFavorite(L"\uFEFF[other]\nFolder=X\n[SEARCH]\r\n folder = D:\\x \r\nFilter=\r\n", read));
+    EXPECT_EQ(read, (SearchFavorite{L"D:\\x", L""})) << "keys of other sections do not count";
+    EXPECT_FALSE(ReadSearchFavorite(L"[Search]\nFilter=*.txt\n", read)) << "no folder, no favorite";
+    ASSERT_TRUE(ReadSearchFavorite(WriteSearchFavorite({L"C:\\a\nFolder=Z:\\", L"x\ny"}), read));
+    EXPECT_EQ(read.folder, L"C:\\a Folder=Z:\\") << "a line break cannot add a line";
+    EXPECT_EQ(SearchFavoritePath(L"C:\\Fav\\code"), L"C:\\Fav\\code.tsq");
+    EXPECT_EQ(SearchFavoritePath(L"C:\\Fav\\code.TSQ"), L"C:\\Fav\\code.TSQ");
 }
 
 TEST(QuickLinks, LinesSplitAtTheFirstEqualsSign) {
