@@ -8,12 +8,14 @@
 
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "frame/user_text_file_win.h"
 #include "features/list_export.h"
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "frame/folder_set.h"
 #include "frame/help_win.h"
 #include "res/resource.h"
+#include "win/file_dialog_win.h"
 #include "win/text_file_win.h"
 #include "win/window_win.h"
 
@@ -26,38 +28,6 @@ constexpr int kColumnTitles[kColumnCount] = {IDS_COLOUR_PATTERN, IDS_COLOUR_COLO
 constexpr int kColumnWidths[kColumnCount] = {140, 60, 52, 52, 52, 52};  // at 96 dpi
 constexpr size_t kLargestRulesFile = 1 << 20;  // a rules file is small; more is not read
 constexpr UINT kListExportCommand = 1, kListImportCommand = 2, kNoColourCommand = 3;
-
-std::wstring FrameFilter(const wchar_t* name, const wchar_t* pattern) {
-    std::wstring filter = name;
-    filter += L'\0';
-    filter += pattern;
-    filter += L'\0';
-    return filter;
-}
-
-// A file chosen with the system's dialog; empty when cancelled.
-std::wstring ChooseFile(HWND owner, bool save, const std::wstring& filter, const wchar_t* title,
-                        const wchar_t* defaultName, const wchar_t* extension) {
-    wchar_t path[MAX_PATH * 2] = {};
-    if (defaultName) wcsncpy(path, defaultName, MAX_PATH);
-    OPENFILENAMEW dialog{sizeof(dialog)};
-    dialog.hwndOwner = owner;
-    dialog.lpstrFilter = filter.c_str();
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = MAX_PATH * 2;
-    dialog.lpstrTitle = title;
-    dialog.lpstrDefExt = extension;
-    dialog.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_NOCHANGEDIR |
-                   (save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    const BOOL chosen = save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
-    return chosen ? path : L"";
-}
-
-// Text files as users bring them (UTF-16, UTF-8 or an 8-bit code page), at most 1 MB of them.
-std::wstring ReadTextFile(const std::wstring& path) {
-    std::string bytes;
-    return win::ReadFileBytes(path, kLargestRulesFile, bytes) ? FolderSetText(bytes) : std::wstring();
-}
 
 }  // namespace
 
@@ -162,7 +132,7 @@ void CFarbenOpt::OnDoubleClick(int row, int column) {
 }
 
 void CFarbenOpt::ExportRules() {
-    const std::wstring path = ChooseFile(page_, true, FrameFilter(L"color.ini", L"*.ini"), nullptr, L"color.ini", L"ini");
+    const std::wstring path = win::ChooseFile(page_, true, win::FileFilter(L"color.ini", L"*.ini"), nullptr, L"color.ini", L"ini");
     if (path.empty()) return;
     std::vector<ColourRule> rules;
     for (int row = 0; row < ListView_GetItemCount(list_); ++row)
@@ -173,9 +143,9 @@ void CFarbenOpt::ExportRules() {
 
 // A file without the rules header is taken only when the user says so.
 void CFarbenOpt::ImportRules() {
-    const std::wstring path = ChooseFile(page_, false, FrameFilter(L"color.ini", L"*.ini;*.txt"), nullptr, nullptr, nullptr);
+    const std::wstring path = win::ChooseFile(page_, false, win::FileFilter(L"color.ini", L"*.ini;*.txt"), nullptr, nullptr, nullptr);
     if (path.empty()) return;
-    const std::wstring text = ReadTextFile(path);
+    const std::wstring text = ReadUserTextFile(path, kLargestRulesFile);
     if (!HasRulesFileHeader(text) &&
         MessageBoxW(page_, GetText(80).c_str(), GetText(60000).c_str(), MB_YESNO | MB_ICONQUESTION) != IDYES)
         return;
@@ -223,7 +193,7 @@ void CFarbenOpt::ShowListMenu(POINT at) {
 
 void CFarbenOpt::ExportTabSeparated() {
     const std::wstring path =
-        ChooseFile(page_, true, FrameFilter(L"Tabgetrennt(*.ini)", L"*.ini"), L"Export zu txt", nullptr, L"ini");
+        win::ChooseFile(page_, true, win::FileFilter(L"Tabgetrennt(*.ini)", L"*.ini"), L"Export zu txt", nullptr, L"ini");
     if (path.empty()) return;
     std::vector<std::vector<std::wstring>> rows;
     for (int row = 0; row < ListView_GetItemCount(list_); ++row) rows.push_back(Cells(row));
@@ -233,9 +203,9 @@ void CFarbenOpt::ExportTabSeparated() {
 
 void CFarbenOpt::ImportTabSeparated() {
     const std::wstring path =
-        ChooseFile(page_, false, FrameFilter(L"Tabgetrennt(*.ini)", L"*.ini"), L"Import aus (ini)txt", nullptr, nullptr);
+        win::ChooseFile(page_, false, win::FileFilter(L"Tabgetrennt(*.ini)", L"*.ini"), L"Import aus (ini)txt", nullptr, nullptr);
     if (path.empty()) return;
-    const auto rows = ParseTabSeparated(ReadTextFile(path));
+    const auto rows = ParseTabSeparated(ReadUserTextFile(path, kLargestRulesFile));
     filling_ = true;
     ListView_DeleteAllItems(list_);
     for (size_t i = 0; i < rows.size() && i < kRuleSlots; ++i) AddRow(rows[i], true);

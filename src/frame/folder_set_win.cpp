@@ -8,6 +8,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "frame/main_frame_win.h"
+#include "frame/user_text_file_win.h"
 #include "res/resource.h"
 #include "nav/tab_view_win.h"
 #include "view/column_memory.h"
@@ -31,14 +32,6 @@ TabState TabOf(CMyShellBrowser& browser) {
     if (tab.colsAndSort.empty()) tab.colsId.clear();
     browser.SaveColumnMemory();  // what the file carries is in the settings too
     return tab;
-}
-
-std::wstring AnsiCodePageText(std::string_view bytes) {
-    const int size = static_cast<int>(std::min<size_t>(bytes.size(), kFolderSetSizeLimit));
-    std::wstring text(size, L'\0');  // never more characters than bytes
-    const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, text.data(), size);
-    text.resize(length > 0 ? length : 0);
-    return text;
 }
 
 int NumberOr(const std::wstring& text, int fallback) { return text.empty() ? fallback : ParseLeadingInt(text); }
@@ -142,8 +135,7 @@ bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool w
 }
 
 bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
-    std::string bytes;
-    const std::wstring text = win::ReadFileBytes(path, kFolderSetSizeLimit, bytes) ? FolderSetText(bytes, AnsiCodePageText) : std::wstring();
+    const std::wstring text = ReadUserTextFile(path, kFolderSetSizeLimit);
     if (!IsFolderSetText(text)) {
         if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), GetText(60000).c_str(),
                                       MB_ICONWARNING);

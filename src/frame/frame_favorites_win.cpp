@@ -9,6 +9,7 @@
 #include "core/text_case.h"
 #include "frame/folder_set.h"
 #include "frame/main_frame_win.h"
+#include "frame/user_text_file_win.h"
 #include "nav/favorite_dialogs_win.h"
 #include "nav/favorites_win.h"
 #include "res/resource.h"
@@ -135,9 +136,8 @@ void CMainFrame::OpenFavorite(const std::wstring& path, bool folder, bool newWin
     }
     CPloder& panel = Panel(focusedView_);
     if (!folder && EndsWith(path, kSearchFavoriteExtension)) {
-        std::string bytes;
         SearchFavorite search;
-        if (win::ReadFileBytes(path, 64 * 1024, bytes) && ReadSearchFavorite(FolderSetText(bytes), search)) {
+        if (ReadSearchFavorite(ReadUserTextFile(path, 64 * 1024), search)) {
             panel.ShowFilter(search.filter);
             panel.NavigateToText(search.folder);
         }

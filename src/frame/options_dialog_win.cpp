@@ -5,6 +5,7 @@
 
 #include "core/language_packs_win.h"
 #include "features/colour_page_win.h"
+#include "nav/lists_page_win.h"
 #include "res/resource.h"
 
 namespace tessel {
@@ -14,6 +15,7 @@ namespace {
 std::vector<std::unique_ptr<IOptionsPage>> MakePages() {
     std::vector<std::unique_ptr<IOptionsPage>> pages;
     pages.push_back(std::make_unique<CFarbenOpt>());
+    pages.push_back(std::make_unique<CListsOpt>());
     return pages;
 }
 

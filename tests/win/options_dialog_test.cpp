@@ -1,5 +1,5 @@
-// The options dialog's colour page driven as a user would: rows added, moved, deleted and
-// switched off, each change written to the settings and in force at once.
+// The options dialog's pages driven as a user would: colour rules added, moved, deleted and
+// switched off, the user's lists edited, each change written to the settings at once.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -11,6 +11,7 @@
 #include "core/settings_store_win.h"
 #include "features/program_colours_win.h"
 #include "frame/options_dialog_win.h"
+#include "nav/quick_links.h"
 #include "res/resource.h"
 #include "view_host_win.h"
 
@@ -25,6 +26,15 @@ HWND WaitForDialog(const std::wstring& title) {
     return nullptr;
 }
 
+// The options dialog once it shows, and the control `id` of the page it shows; null when none.
+HWND OptionsPageControl(HWND& dialog, int id) {
+    dialog = WaitForDialog(GetText(IDS_OPTIONS_TITLE));
+    HWND control = nullptr;
+    for (int i = 0; dialog && i < 100 && !control; ++i, Sleep(20))
+        if (HWND page = FindWindowExW(dialog, nullptr, L"#32770", nullptr)) control = GetDlgItem(page, id);
+    return control;
+}
+
 TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
     ViewHost host(1);
     Colours().Load(Settings());
@@ -34,12 +44,10 @@ TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
         std::wstring newLine, firstAfterDown;
         bool recommendEnabled = true;
     } seen;
-    std::jthread user([&seen, title = GetText(IDS_OPTIONS_TITLE)] {
-        HWND dialog = WaitForDialog(title);
-        if (!dialog) return;
-        HWND list = nullptr;
-        for (int i = 0; i < 100 && !list; ++i, Sleep(20))
-            if (HWND page = FindWindowExW(dialog, nullptr, L"#32770", nullptr)) list = GetDlgItem(page, IDC_COLOUR_LIST);
+    std::jthread user([&seen] {
+        HWND dialog = nullptr;
+        HWND list = OptionsPageControl(dialog, IDC_COLOUR_LIST);
+        if (!list) return;
         HWND page = GetParent(list);
         const auto click = [&](int id) { SendMessageW(GetDlgItem(page, id), BM_CLICK, 0, 0); };
         seen.rows = ListView_GetItemCount(list);
@@ -69,6 +77,48 @@ TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
     EXPECT_EQ(Colours().Table().count, 12);
     EXPECT_EQ(Colours().Table().slots[0].enabled, 0) << "the check box switched the first rule off";
     EXPECT_EQ(Settings().GetString(L"Filter2", L"0", L"").find(L"=0="), Settings().GetString(L"Filter2", L"0", L"").find(L'='));
+}
+
+TEST(OptionsDialog, ListsPageEditsProgramsQuickLinksAndAssociations) {
+    ViewHost host(1);
+    WriteQuickLinks(Settings(), kProgramsSection, {{L"Edit", L"notepad.exe %sel_file%"}});
+    struct Seen {
+        int rows = -1;
+        std::wstring nameField, afterAdd, afterUp, quickLinks;
+    } seen;
+    std::jthread user([&seen] {
+        HWND dialog = nullptr;
+        HWND list = OptionsPageControl(dialog, IDC_LISTS_ENTRIES);
+        if (!list) return;
+        HWND page = GetParent(list);
+        const auto click = [&](int id) { SendMessageW(GetDlgItem(page, id), BM_CLICK, 0, 0); };
+        const auto type = [&](int id, const wchar_t* text) { SetDlgItemTextW(page, id, text); };
+        seen.rows = ListView_GetItemCount(list);
+        seen.nameField = GetWindowTextString(GetDlgItem(page, IDC_LISTS_NAME));
+        type(IDC_LISTS_NAME, L"Dir");
+        type(IDC_LISTS_TARGET, L"cmd.exe /k dir %curdir%");
+        click(IDC_LISTS_ADD);  // after the selected entry
+        seen.afterAdd = Settings().GetSection(kProgramsSection);
+        click(IDC_LISTS_UP);
+        seen.afterUp = Settings().GetSection(kProgramsSection);
+        click(IDC_LISTS_DISABLE);
+        HWND which = GetDlgItem(page, IDC_LISTS_WHICH);
+        SendMessageW(which, CB_SETCURSEL, 1, 0);
+        SendMessageW(page, WM_COMMAND, MAKEWPARAM(IDC_LISTS_WHICH, CBN_SELCHANGE), reinterpret_cast<LPARAM>(which));
+        type(IDC_LISTS_NAME, L"Temp");
+        type(IDC_LISTS_TARGET, L"%appdata%");
+        click(IDC_LISTS_ADD);
+        seen.quickLinks = Settings().GetSection(kQuickLinksSection);
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    COptionenWnd::Run(host.hwnd(), 1);
+    user.join();
+    EXPECT_EQ(seen.rows, 1);
+    EXPECT_EQ(seen.nameField, L"Edit") << "the selected entry is shown for changing";
+    EXPECT_EQ(seen.afterAdd, L"Edit=notepad.exe %sel_file%\nDir=cmd.exe /k dir %curdir%\n");
+    EXPECT_EQ(seen.afterUp, L"Dir=cmd.exe /k dir %curdir%\nEdit=notepad.exe %sel_file%\n");
+    EXPECT_TRUE(QuickLinksDisabled(Settings(), kProgramsSection));
+    EXPECT_EQ(seen.quickLinks, L"Temp=%appdata%\n");
 }
 
 }  // namespace
