@@ -11,7 +11,7 @@ namespace {
 
 struct View : IPlaceholderView {
     std::wstring MarkedItemPath() override { return L"C:\\a b"; }
-    std::vector<std::wstring> ItemPaths(bool) override { return {L"C:\\x", L"%curdir%"}; }
+    std::wstring QuotedItemPaths(bool) override { return QuotedPathList({L"C:\\x", L"%curdir%"}); }
     std::wstring CurrentFolder() override { return L"C:\\"; }
 };
 struct Folders : IPathVariables {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "bare_host_win.h"
+#include "bench_support_win.h"
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
@@ -23,57 +24,9 @@
 #include "win/shell_item_win.h"
 
 using namespace tessel;
+using namespace tessel::bench;
 
 namespace {
-
-double Now() {
-    static LARGE_INTEGER frequency = [] {
-        LARGE_INTEGER f;
-        QueryPerformanceFrequency(&f);
-        return f;
-    }();
-    LARGE_INTEGER counter;
-    QueryPerformanceCounter(&counter);
-    return counter.QuadPart * 1000.0 / frequency.QuadPart;
-}
-
-// Serves the queue until it is empty; answers the longest single step in milliseconds. A step
-// includes the messages other threads send, which PeekMessage serves before it returns.
-double Drain() {
-    double longest = 0;
-    MSG message;
-    for (;;) {
-        const double start = Now();
-        const bool got = PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);
-        if (got) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        longest = std::max(longest, Now() - start);
-        if (!got) return longest;
-    }
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    const size_t n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
-std::wstring MakeFolder(const std::wstring& root, int files) {
-    const std::wstring folder = root + L"\\files-" + std::to_wstring(files);
-    const std::wstring marker = root + L"\\complete-" + std::to_wstring(files);
-    CreateDirectoryW(folder.c_str(), nullptr);
-    if (GetFileAttributesW(marker.c_str()) != INVALID_FILE_ATTRIBUTES) return folder;
-    for (int i = 0; i < files; ++i) {
-        wchar_t name[32];
-        swprintf(name, 32, L"\\f%06d.txt", i);
-        HANDLE file = CreateFileW((folder + name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
-    }
-    CloseHandle(CreateFileW(marker.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    return folder;
-}
 
 template <typename Navigate>
 double TimeNavigation(Navigate navigate, HWND window) {
@@ -294,28 +247,9 @@ int BenchStatusAndHistory(CMyShellBrowser& browser, HWND window, PCIDLIST_ABSOLU
 // host side, which is much faster), else under the temporary folder. A second argument "tree",
 // "popup", "status", "lists" or "sizes" runs only that part.
 int wmain(int argc, wchar_t** argv) {
-    OleInitialize(nullptr);
-    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES};
-    InitCommonControlsEx(&controls);
-    wchar_t temp[MAX_PATH];
-    GetTempPathW(MAX_PATH, temp);
-    const std::wstring root = argc > 1 ? std::wstring(argv[1]) : std::wstring(temp) + L"tessel-bench";
-    CreateDirectoryW(root.c_str(), nullptr);
+    const std::wstring root = StartBench(argc, argv, L"");
     CreateDirectoryW((root + L"\\empty").c_str(), nullptr);
-    HANDLE ini = CreateFileW((root + L"\\Tessel.ini").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    DWORD written = 0;
-    WriteFile(ini, "\xFF\xFE", 2, &written, nullptr);
-    CloseHandle(ini);
-    CreateSettings(root + L"\\Tessel.exe");
-
-    WNDCLASSW wc{};
-    wc.lpfnWndProc = DefWindowProcW;
-    wc.hInstance = GetModuleHandleW(nullptr);
-    wc.lpszClassName = L"TesselBenchFrame";
-    RegisterClassW(&wc);
-    HWND frame = CreateWindowExW(0, L"TesselBenchFrame", L"bench", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, 0, 1040,
-                                 680, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    ShowWindow(frame, SW_SHOW);
+    HWND frame = MakeBenchFrame(1040, 680);
     int status = 0;
     {
         CPloder panel(0);

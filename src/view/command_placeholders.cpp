@@ -21,12 +21,14 @@ std::wstring DriveOf(const std::wstring& path) { return path.substr(0, path.find
 
 }  // namespace
 
+void AppendQuotedPath(std::wstring& list, std::wstring_view path) {
+    if (!list.empty()) list += L' ';
+    list.append(1, L'"').append(path).append(1, L'"');
+}
+
 std::wstring QuotedPathList(const std::vector<std::wstring>& paths) {
     std::wstring list;
-    for (const std::wstring& path : paths) {
-        if (!list.empty()) list += L' ';
-        list.append(1, L'"').append(path).append(1, L'"');
-    }
+    for (const std::wstring& path : paths) AppendQuotedPath(list, path);
     return list;
 }
 
@@ -36,8 +38,8 @@ void ExpandViewPlaceholders(IPlaceholderView& view, std::wstring& text) {
         const std::wstring path = view.MarkedItemPath();
         return path.empty() ? path : L"\"" + path + L"\"";
     });
-    ReplaceAll(text, L"%sel_files%", [&] { return QuotedPathList(view.ItemPaths(true)); });
-    ReplaceAll(text, L"%all_files%", [&] { return QuotedPathList(view.ItemPaths(false)); });
+    ReplaceAll(text, L"%sel_files%", [&] { return view.QuotedItemPaths(true); });
+    ReplaceAll(text, L"%all_files%", [&] { return view.QuotedItemPaths(false); });
     for (const wchar_t* token : {L"%curdir%", L"%curdir1%", L"%curdir2%", L"%curdir3%", L"%curdir4%"})
         ReplaceAll(text, token, [&] { return view.CurrentFolder(); });
 }

@@ -3,6 +3,7 @@
 // before it starts, and the path variables that name system folders. Both are plain text
 // substitutions; a text that begins with U+0001 is left as it is.
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tessel {
@@ -13,7 +14,8 @@ inline constexpr wchar_t kNoExpansionMark = L'\x0001';
 class IPlaceholderView {
 public:
     virtual std::wstring MarkedItemPath() = 0;  // the item at the selection mark; "" for none
-    virtual std::vector<std::wstring> ItemPaths(bool selectedOnly) = 0;  // in list order
+    // Every selected item, or every item, in list order, as QuotedPathList writes them.
+    virtual std::wstring QuotedItemPaths(bool selectedOnly) = 0;
     virtual std::wstring CurrentFolder() = 0;
 
 protected:
@@ -41,5 +43,6 @@ void ExpandPathVariables(IPathVariables& folders, std::wstring& text);
 
 // Paths each in double quotes, separated by one blank; "" for none.
 std::wstring QuotedPathList(const std::vector<std::wstring>& paths);
+void AppendQuotedPath(std::wstring& list, std::wstring_view path);  // one more path of such a list
 
 }  // namespace tessel

@@ -16,8 +16,14 @@
 namespace tessel {
 namespace {
 
-constexpr UINT kFollowDelayMs = 250;     // changes closer than this are one refresh
-constexpr UINT kFollowDelayMaxMs = 3000;  // a folder slow to list is listed at most this often
+// A change is listed 150 ms after it came. While changes keep coming (a copy into the folder),
+// the next listings wait longer and longer (2.5 s, 5 s, 10 s, at most 30 s after the change that
+// asks for them): a long copy shows its progress without the folder being listed per file. Two
+// seconds without a change end the burst.
+constexpr UINT kFirstDelayMs = 150;
+constexpr UINT kBurstDelayMs = 2500;
+constexpr UINT kBurstDelayMaxMs = 30000;
+constexpr DWORD kBurstOverMs = 2000;
 
 struct ListPlace {
     int topIndex = -1;
@@ -59,18 +65,22 @@ void CMyShellBrowser::StartDirectoryWatch() {
 
 void CMyShellBrowser::OnDirectoryChange(const DirChange* change) {
     if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
-    if (!change || !ShellMissesOutsideChanges() || followArmed_) return;
+    if (!change || !ShellMissesOutsideChanges()) return;
+    const DWORD now = GetTickCount();
+    if (now - lastChangeTick_ > kBurstOverMs) burstFollows_ = 0;
+    lastChangeTick_ = now;
+    if (followArmed_) return;  // the listing asked for already comes
     followArmed_ = true;
-    const UINT delay = std::clamp<UINT>(2 * lastFollowMs_, kFollowDelayMs, kFollowDelayMaxMs);
+    const UINT delay = burstFollows_ == 0 ? kFirstDelayMs
+                                           : std::min<UINT>(kBurstDelayMs << std::min(burstFollows_ - 1, 4), kBurstDelayMaxMs);
     SetTimer(hwnd(), kTimerFollowDisk, delay, nullptr);
 }
 
 void CMyShellBrowser::FollowDisk() {
     followArmed_ = false;
-    const DWORD start = GetTickCount();
     RefreshKeepingPlace();
     ++diskFollows_;
-    lastFollowMs_ = GetTickCount() - start;
+    ++burstFollows_;
 }
 
 void CMyShellBrowser::RefreshKeepingPlace() {

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <shellapi.h>
 #include <shlobj.h>
+#include <shlwapi.h>
 
 #include "core/settings_store_win.h"
 #include "nav/quick_links.h"
@@ -54,16 +55,30 @@ public:
         HWND list = browser_.GetListControl();
         return list ? PathAt(static_cast<int>(SendMessageW(list, LVM_GETSELECTIONMARK, 0, 0))) : L"";
     }
-    std::vector<std::wstring> ItemPaths(bool selectedOnly) override {
-        std::vector<std::wstring> paths;
-        HWND list = browser_.GetListControl();
-        const int count = list ? static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)) : 0;
-        for (int index = 0; index < count; ++index) {
-            if (selectedOnly && !(SendMessageW(list, LVM_GETITEMSTATE, index, LVIS_SELECTED) & LVIS_SELECTED)) continue;
-            std::wstring path = PathAt(index);
-            if (!path.empty()) paths.push_back(std::move(path));
-        }
-        return paths;
+    // One question to the view for all items; each name then comes from its own identifier.
+    std::wstring QuotedItemPaths(bool selectedOnly) override {
+        std::wstring list;
+        IShellFolder* folder = browser_.ShownFolder();
+        if (!folder) return list;
+        std::wstring path = FolderPath(browser_);
+        if (!path.empty() && path.back() != L'\\') path += L'\\';
+        const size_t base = path.size();
+        browser_.ForEachViewItem(selectedOnly, [&](PCUITEMID_CHILD child) {
+            WIN32_FIND_DATAW data;
+            data.cFileName[0] = 0;
+            if (SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &data, sizeof(data))) && data.cFileName[0]) {
+                path.resize(base);
+                path += data.cFileName;
+                AppendQuotedPath(list, path);
+                return;
+            }
+            STRRET name{};
+            wchar_t text[MAX_PATH] = {};
+            if (SUCCEEDED(folder->GetDisplayNameOf(child, SHGDN_FORPARSING, &name)) &&
+                SUCCEEDED(StrRetToBufW(&name, child, text, MAX_PATH)) && text[0])
+                AppendQuotedPath(list, text);
+        });
+        return list;
     }
     std::wstring CurrentFolder() override { return FolderPath(browser_); }
 
@@ -109,12 +124,17 @@ void ExpandSystemPathVariables(std::wstring& text) {
     ExpandPathVariables(folders, text);
 }
 
-bool CMyShellBrowser::RunUserCommand(const std::wstring& command) {
+std::wstring CMyShellBrowser::ExpandCommand(const std::wstring& command) const {
     std::wstring text = command;
     ExpandSystemPathVariables(text);
     ViewPlaceholders placeholders(*this);
     ExpandViewPlaceholders(placeholders, text);
     if (!text.empty() && text[0] == kNoExpansionMark) text.erase(0, 1);  // taken as written
+    return text;
+}
+
+bool CMyShellBrowser::RunUserCommand(const std::wstring& command) {
+    const std::wstring text = ExpandCommand(command);
     const std::wstring folder = Unquoted(text);
     if (IsFolder(folder)) return NavigateToText(folder);
     const CommandParts parts = SplitCommand(text, IsFile);

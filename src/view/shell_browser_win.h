@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <ctime>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -30,6 +31,8 @@ struct ViewFilter;
 
 // The bytes of an item identifier list, as history entries and selections keep them.
 ItemBytes BytesOf(PCUIDLIST_RELATIVE pidl);
+// The items of a shell data object's identifier array ("Shell IDList Array"), each checked.
+std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data);
 
 // What a browser view tells its panel and asks of it.
 class IBrowserOwner {
@@ -133,6 +136,9 @@ public:
     void TransferTo(CMyShellBrowser& target, bool viewSettings, bool history, bool selection);
     // The identifiers of the selected items; empty when nothing is selected.
     std::vector<ItemBytes> SelectedItems() const;
+    // The selected or all items of the view in list order, asked of the view in one call.
+    void ForEachViewItem(bool selectedOnly, const std::function<void(PCUITEMID_CHILD)>& take) const;
+    IShellFolder* ShownFolder() const { return shownFolder_.get(); }
     void SelectItems(const std::vector<ItemBytes>& items);
     const ShellChange& LastShellChange() const { return lastChange_; }
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
@@ -159,6 +165,7 @@ public:
     void Execute(int command);  // view commands of the toolbars and menus
     // A quick-link or program entry: placeholders filled in, a folder opened here, a program started.
     bool RunUserCommand(const std::wstring& command);
+    std::wstring ExpandCommand(const std::wstring& command) const;  // variables and placeholders filled in
     bool OpenByAssociation(const std::wstring& filePath);  // false when no entry names the type
     // Carries out a command of a context menu built with ids from 1; false when it failed.
     bool RunMenuCommand(IContextMenu* menu, UINT offset);
@@ -258,7 +265,8 @@ private:
     ShellChange lastChange_;
     CMyReadDirectoryChanges dirWatch_;
     bool followArmed_ = false;
-    UINT lastFollowMs_ = 0;  // how long listing the folder again took
+    DWORD lastChangeTick_ = 0;
+    int burstFollows_ = 0;       // listings since the changes began
     int diskFollows_ = 0;
     int statusRuns_ = 0;
     win::UniquePidl reselect_;

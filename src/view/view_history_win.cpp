@@ -6,6 +6,7 @@
 #include <shlobj.h>
 
 #include <cstring>
+#include <functional>
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
@@ -14,6 +15,7 @@
 #include "win/shell_item_win.h"
 
 namespace tessel {
+
 ItemBytes BytesOf(PCUIDLIST_RELATIVE pidl) {
     if (!pidl) return {};
     const auto* data = reinterpret_cast<const uint8_t*>(pidl);
@@ -30,13 +32,15 @@ win::UniquePidl PidlOf(const ItemBytes& bytes) {
     return win::UniquePidl(static_cast<PIDLIST_ABSOLUTE>(copy));
 }
 
-// The selection as the view hands it out in one call: the shell's identifier array.
-std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data) {
-    std::vector<ItemBytes> items;
+}  // namespace
+
+// The items of the shell's identifier array, read in place: each one's bytes, checked to end
+// inside the block.
+void ForEachIdArrayItem(IDataObject* data, const std::function<void(const uint8_t*, size_t)>& take) {
     static const CLIPFORMAT format = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(L"Shell IDList Array"));
     FORMATETC wanted{format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
     STGMEDIUM medium{};
-    if (!data || FAILED(data->GetData(&wanted, &medium))) return items;
+    if (!data || FAILED(data->GetData(&wanted, &medium))) return;
     const size_t size = GlobalSize(medium.hGlobal);
     if (const auto* ids = static_cast<const CIDA*>(GlobalLock(medium.hGlobal))) {
         const auto* base = reinterpret_cast<const uint8_t*>(ids);
@@ -44,17 +48,26 @@ std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data) {
         for (UINT i = 1; size >= header && i <= ids->cidl; ++i) {
             const size_t offset = ids->aoffset[i];
             if (offset >= size) continue;
-            // An item's list must end inside the block before it is read.
-            if (const size_t length = ItemListLength(base + offset, size - offset))
-                items.emplace_back(base + offset, base + offset + length);
+            if (const size_t length = ItemListLength(base + offset, size - offset)) take(base + offset, length);
         }
         GlobalUnlock(medium.hGlobal);
     }
     ReleaseStgMedium(&medium);
+}
+
+std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data) {
+    std::vector<ItemBytes> items;
+    ForEachIdArrayItem(data, [&](const uint8_t* bytes, size_t length) { items.emplace_back(bytes, bytes + length); });
     return items;
 }
 
-}  // namespace
+void CMyShellBrowser::ForEachViewItem(bool selectedOnly, const std::function<void(PCUITEMID_CHILD)>& take) const {
+    win::ComPtr<IDataObject> data;
+    if (!view_ || FAILED(view_->GetItemObject(selectedOnly ? SVGIO_SELECTION : SVGIO_ALLVIEW, IID_IDataObject,
+                                              data.put_void())))
+        return;
+    ForEachIdArrayItem(data.get(), [&](const uint8_t* bytes, size_t) { take(reinterpret_cast<PCUITEMID_CHILD>(bytes)); });
+}
 
 std::vector<ItemBytes> CMyShellBrowser::SelectedItems() const {
     HWND list = GetListControl();

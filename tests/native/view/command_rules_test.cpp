@@ -86,7 +86,9 @@ struct FakeView : IPlaceholderView {
     std::wstring folder = L"C:\\Work Dir";
     int asked = 0;
     std::wstring MarkedItemPath() override { return ++asked, marked; }
-    std::vector<std::wstring> ItemPaths(bool selectedOnly) override { return ++asked, selectedOnly ? selected : all; }
+    std::wstring QuotedItemPaths(bool selectedOnly) override {
+        return ++asked, QuotedPathList(selectedOnly ? selected : all);
+    }
     std::wstring CurrentFolder() override { return ++asked, folder; }
 };
 
