@@ -16,10 +16,25 @@ std::wstring_view ExtensionOf(std::wstring_view text) {
     return {};
 }
 
+// Over the characters from the last to the first, so a name's extension is found and hashed in
+// one backward pass.
 size_t HashOf(std::wstring_view text) {
     uint32_t hash = 2166136261u;
-    for (wchar_t c : text) hash = (hash ^ static_cast<uint32_t>(c)) * 16777619u;
+    for (size_t at = text.size(); at-- > 0;) hash = (hash ^ static_cast<uint32_t>(text[at])) * 16777619u;
     return hash;
+}
+
+// The extension ("" for none) and its hash, in one pass from the end.
+std::wstring_view ExtensionAndHash(std::wstring_view text, size_t& hash) {
+    uint32_t running = 2166136261u;
+    for (size_t at = text.size(); at-- > 0;) {
+        running = (running ^ static_cast<uint32_t>(text[at])) * 16777619u;
+        if (text[at] == L'.') {
+            hash = running;
+            return text.substr(at);
+        }
+    }
+    return {};
 }
 
 // Takes a rule's style value into the running result when that style is still open.
@@ -114,10 +129,12 @@ void RuleIndex::IndexByExtension() {
 }
 
 const RuleIndex::Indices* RuleIndex::CandidatesFor(std::wstring_view upperName) const {
-    const std::wstring_view extension = ExtensionOf(upperName);
-    if (extension.empty() || byExtension_.empty()) return nullptr;
+    if (byExtension_.empty()) return nullptr;
+    size_t hash = 0;
+    const std::wstring_view extension = ExtensionAndHash(upperName, hash);
+    if (extension.empty()) return nullptr;
     const size_t mask = extensionSlots_.size() - 1;
-    for (size_t slot = HashOf(extension) & mask; extensionSlots_[slot] >= 0; slot = (slot + 1) & mask) {
+    for (size_t slot = hash & mask; extensionSlots_[slot] >= 0; slot = (slot + 1) & mask) {
         const auto& [key, indices] = byExtension_[static_cast<size_t>(extensionSlots_[slot])];
         if (key.size() != extension.size()) continue;
         size_t i = 0;

@@ -42,12 +42,29 @@ FilterTokens::FilterTokens(std::wstring_view text, CaseFold lower) {
     }
     std::sort(tokens_.begin(), tokens_.end());
     tokens_.erase(std::unique(tokens_.begin(), tokens_.end()), tokens_.end());
-    for (const std::wstring& token : tokens_) patterns_.emplace_back(token);
+    for (const std::wstring& token : tokens_) {
+        // "*.ext" with nothing special after the star matches exactly the names whose extension is ".ext".
+        const bool plainExtension = token.size() > 2 && token[0] == L'*' && token[1] == L'.' &&
+                                    token.find_first_of(L"*?[\\.", 2) == std::wstring::npos;
+        if (plainExtension) extensions_.push_back(token.substr(1));
+        else patterns_.emplace_back(token);
+    }
     if (tokens_.size() == 1 && tokens_[0].find(L'*') == std::wstring::npos) anywhere_ = WildcardPattern(L"*" + tokens_[0] + L"*");
 }
 
 bool FilterTokens::Matches(std::wstring_view lowerName, bool autoWildcard) const {
     if (autoWildcard && anywhere_.IsValid()) return anywhere_.Matches(lowerName);
+    if (!extensions_.empty()) {
+        size_t dot = lowerName.size();
+        while (dot > 0 && lowerName[dot - 1] != L'.') --dot;
+        const std::wstring_view extension = dot > 0 ? lowerName.substr(dot - 1) : std::wstring_view();
+        for (const std::wstring& wanted : extensions_) {  // a plain loop: names are short, lists of types too
+            if (wanted.size() != extension.size()) continue;
+            size_t i = 0;
+            while (i < wanted.size() && wanted[i] == extension[i]) ++i;
+            if (i == wanted.size()) return true;
+        }
+    }
     for (const WildcardPattern& pattern : patterns_)
         if (pattern.Matches(lowerName)) return true;
     return false;
@@ -57,13 +74,13 @@ bool FilterShows(const FilterSwitches& switches, const FilterTokens& tokens, std
                  bool isFolder) {
     if (!switches.show_filter || !switches.by_filter) return true;
     if (!switches.by_dir_filter && isFolder) return true;
-    for (size_t at = lowerName.size(); at-- > 0;)  // a plain loop: this runs for every listed item
-        if (lowerName[at] == L'\\') {
-            lowerName.remove_prefix(at + 1);
-            break;
-        }
     if (tokens.Empty()) return true;
     return tokens.Matches(lowerName, switches.by_auto_wildcard != 0) != (switches.by_negativ != 0);
+}
+
+std::wstring_view InFolderName(std::wstring_view name) {
+    const size_t slash = name.rfind(L'\\');
+    return slash == std::wstring_view::npos ? name : name.substr(slash + 1);
 }
 
 // Kept as "0".."15" with the newest first; an empty value ends the list.

@@ -35,7 +35,8 @@ public:
 
 private:
     std::vector<std::wstring> tokens_;
-    std::vector<WildcardPattern> patterns_;
+    std::vector<std::wstring> extensions_;  // ".txt" of the plain "*.txt" tokens, looked up by the name's extension
+    std::vector<WildcardPattern> patterns_;  // the other tokens
     WildcardPattern anywhere_;  // "*token*" of a single token without "*"
 };
 
@@ -46,9 +47,12 @@ struct ViewFilter {
     bool Acts() const { return switches.show_filter && switches.by_filter && !tokens.Empty(); }
 };
 
-// Whether the view lists an item: the switches first, then the tokens.
+// Whether the view lists an item: the switches first, then the tokens. `lowerName` is the
+// item's own name (see InFolderName), lower-cased.
 bool FilterShows(const FilterSwitches& switches, const FilterTokens& tokens, std::wstring_view lowerName,
                  bool isFolder);
+// The part of a name after its last backslash: the filter compares an item's own name.
+std::wstring_view InFolderName(std::wstring_view name);
 
 // The recently used filter texts kept in "Last-File-Filter", newest first.
 inline constexpr int kRecentFilterCount = 16;

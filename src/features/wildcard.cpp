@@ -1,31 +1,6 @@
 #include "features/wildcard.h"
 
 namespace tessel {
-namespace {
-
-// Names are short: a plain loop beats a library call per comparison.
-bool SameChars(const wchar_t* a, const wchar_t* b, size_t count) {
-    for (size_t i = 0; i < count; ++i)
-        if (a[i] != b[i]) return false;
-    return true;
-}
-
-// From the end: a suffix such as ".ZIP" differs from most names in its last letter, not its dot.
-bool SameCharsBackward(const wchar_t* a, const wchar_t* b, size_t count) {
-    for (size_t i = count; i-- > 0;)
-        if (a[i] != b[i]) return false;
-    return true;
-}
-
-bool Contains(std::wstring_view name, std::wstring_view part) {
-    if (part.size() > name.size()) return false;
-    const size_t last = name.size() - part.size();
-    for (size_t at = 0; at <= last; ++at)
-        if (name[at] == part[0] && SameChars(name.data() + at + 1, part.data() + 1, part.size() - 1)) return true;
-    return false;
-}
-
-}  // namespace
 
 WildcardPattern::WildcardPattern(std::wstring_view pattern) {
     if (Parse(pattern)) Classify();
@@ -131,25 +106,12 @@ void WildcardPattern::Classify() {
     }
 }
 
-bool WildcardPattern::Matches(std::wstring_view name) const {
-    switch (kind_) {
-    case Kind::kInvalid:
-        return false;
-    case Kind::kAll:
-        return true;
-    case Kind::kLiteral:
-        return name.size() == literal_.size() && SameChars(name.data(), literal_.data(), name.size());
-    case Kind::kPrefix:
-        return name.size() >= literal_.size() && SameChars(name.data(), literal_.data(), literal_.size());
-    case Kind::kSuffix:
-        return name.size() >= literal_.size() &&
-               SameCharsBackward(name.data() + name.size() - literal_.size(), literal_.data(), literal_.size());
-    case Kind::kContains:
-        return Contains(name, literal_);
-    case Kind::kGeneral:
-        break;
-    }
-    return MatchGeneral(name);
+bool WildcardPattern::ContainsLiteral(std::wstring_view name) const {
+    if (literal_.size() > name.size()) return false;
+    const size_t last = name.size() - literal_.size();
+    for (size_t at = 0; at <= last; ++at)
+        if (name[at] == literal_[0] && SameFrom(name.data() + at, 1)) return true;
+    return false;
 }
 
 bool WildcardPattern::ElementMatches(const Element& element, wchar_t c) const {

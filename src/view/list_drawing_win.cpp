@@ -36,9 +36,10 @@ STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD item) {
     wchar_t name[MAX_PATH] = {};
     if (SUCCEEDED(folder->GetDisplayNameOf(item, SHGDN_INFOLDER | SHGDN_FORPARSING, &text)))
         StrRetToBufW(&text, item, name, MAX_PATH);
-    const size_t length = wcslen(name);
-    FoldLowerWin(name, length);
-    return FilterShows(filter->switches, filter->tokens, {name, length}, isFolder) ? S_OK : S_FALSE;
+    const std::wstring_view own = InFolderName({name, wcslen(name)});
+    wchar_t* first = name + (own.data() - name);
+    FoldLowerWin(first, own.size());
+    return FilterShows(filter->switches, filter->tokens, {first, own.size()}, isFolder) ? S_OK : S_FALSE;
 }
 
 int CMyShellBrowser::QueryItemColour(int index, int* flags) const {

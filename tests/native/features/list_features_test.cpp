@@ -25,8 +25,12 @@ TEST(ViewFilter, TokensAutoWildcardsAndInversion) {
     EXPECT_TRUE(Shows(on, L"txt;doc", L"doc"));
     EXPECT_TRUE(Shows(on, L"*.JPG,*.png", L"b.png"));
     EXPECT_TRUE(Shows(on, L"", L"any"));
-    EXPECT_TRUE(Shows(on, L"txt", L"c:\\dir\\a.txt")) << "the name after the last backslash";
-    EXPECT_FALSE(Shows(on, L"txt", L"c:\\txt\\a.doc"));
+    EXPECT_TRUE(Shows(on, L"txt", InFolderName(L"c:\\dir\\a.txt"))) << "the name after the last backslash";
+    EXPECT_FALSE(Shows(on, L"txt", InFolderName(L"c:\\txt\\a.doc")));
+    EXPECT_TRUE(Shows(on, L"*.txt;*.cpp", L"a.b.txt")) << "by the extension";
+    EXPECT_FALSE(Shows(on, L"*.txt;*.cpp", L"a.txt.bak"));
+    EXPECT_TRUE(Shows(on, L"*.tar.gz", L"x.tar.gz")) << "a longer ending is a pattern of its own";
+    EXPECT_TRUE(Shows(on, L"*.", L"name.")) << "an empty extension";
 
     FilterSwitches negative = on;
     negative.by_negativ = 1;
