@@ -102,7 +102,8 @@ void CPloder::RunUserMenuCommand(UINT command) {
     const std::wstring target = menuEntries_[index].target;
     menuEntries_.clear();
     menuIcons_.clear();
-    active_->RunUserCommand(target);
+    if (!active_->RunUserCommand(target))
+        MessageBoxW(hwnd(), (GetText(62117) + L"\n" + target).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
 
 bool CPloder::MeasureUserMenuItem(MEASUREITEMSTRUCT* item) {
