@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "core/settings_store_win.h"
 #include "nav/quick_links.h"
 #include "res/resource.h"
@@ -55,6 +57,28 @@ TEST_F(UserCommands, AssociatedTypesOpenWithTheirProgram) {
     EXPECT_EQ(Output(), "c");
     ASSERT_TRUE(SelectByName(browser, L"a b.txt"));
     EXPECT_EQ(browser.OnDefaultCommand(browser.View()), S_FALSE) << "other types are left to the view";
+}
+
+// The quick-links menu opened from its button and an entry chosen with the keys, as a user would.
+TEST_F(UserCommands, TheQuickLinksMenuOpensAndItsChoiceGoesThere) {
+    WriteQuickLinks(Settings(), kQuickLinksSection, {{L"Outside", outside_.path()}, {L"Sub", files_ / L"sub"}});
+    HWND panel = host_.Panel().hwnd();
+    std::jthread user([panel] {
+        for (int i = 0; i < 250 && !FindWindowW(L"#32768", nullptr); ++i) Sleep(20);
+        Sleep(100);
+        for (WPARAM key : {VK_DOWN, VK_DOWN, VK_RETURN}) {
+            PostMessageW(panel, WM_KEYDOWN, key, 0);
+            Sleep(50);
+        }
+    });
+    RECT button{};
+    HWND bar = host_.Panel().Toolbars().View();
+    SendMessageW(bar, TB_GETRECT, ID_QUICK_LINKS_MENU, reinterpret_cast<LPARAM>(&button));
+    POINT at{button.left, button.bottom};
+    ClientToScreen(bar, &at);
+    host_.Panel().ShowUserMenu(ID_QUICK_LINKS_MENU, at);
+    user.join();
+    EXPECT_EQ(LowerCase(host_.Browser().CurrentPath()), LowerCase(files_ / L"sub")) << "the second entry was chosen";
 }
 
 TEST_F(UserCommands, SwitchedOffListsHideTheirButtons) {
