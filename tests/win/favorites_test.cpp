@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "nav/favorites_menu_win.h"
@@ -66,6 +68,44 @@ TEST(Favorites, TheMenuListsTheFolderWithSubFoldersFilledWhenOpened) {
     ASSERT_EQ(GetMenuItemCount(work), 1);
     EXPECT_EQ(MenuText(work, 0), L"inner");
     EXPECT_EQ(favoritesMenu.EntryOf(ID_FAV_LAST_ENTRY), nullptr);
+}
+
+// The menu shown as the main menu shows it, an entry of a sub-folder chosen with the keys.
+TEST(Favorites, AnEntryIsChosenFromTheOpenMenu) {
+    ViewHost host;
+    TempFolder favorites;
+    CreateDirectoryW((favorites / L"Work").c_str(), nullptr);
+    WriteBytes(favorites / L"Work\\inner.tsf", "x");
+    WriteBytes(favorites / L"top.tsf", "x");
+    Settings().PutString(L"Favoriten", L"Ordner", favorites.path());
+    FavoritesMenu favoritesMenu;
+    win::UniqueMenu menu(FixedFavoritesMenu());
+    favoritesMenu.Rebuild(menu.get());
+    HWND owner = host.hwnd();
+    // The owner fills the sub-folder's popup when it opens, as the main window does.
+    static FavoritesMenu* filling = nullptr;
+    filling = &favoritesMenu;
+    const auto proc = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message == WM_INITMENUPOPUP && filling) filling->FillSubmenu(reinterpret_cast<HMENU>(wParam));
+        return DefWindowProcW(window, message, wParam, lParam);
+    };
+    SetWindowLongPtrW(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(proc)));
+    std::jthread user([owner] {
+        for (int i = 0; i < 250 && !FindWindowW(L"#32768", nullptr); ++i) Sleep(20);
+        Sleep(100);
+        // Add, organise, the hint, then "Work", into it, its first entry.
+        for (WPARAM key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_DOWN, VK_RIGHT, VK_RETURN}) {
+            PostMessageW(owner, WM_KEYDOWN, key, 0);
+            Sleep(80);
+        }
+    });
+    const UINT chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD, 100, 100, 0, owner, nullptr);
+    user.join();
+    SetWindowLongPtrW(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DefWindowProcW));
+    filling = nullptr;
+    const FavoritesMenu::Entry* entry = favoritesMenu.EntryOf(chosen);
+    ASSERT_NE(entry, nullptr) << chosen;
+    EXPECT_EQ(LowerCase(entry->path), LowerCase(favorites / L"Work\\inner.tsf"));
 }
 
 TEST(Favorites, AddingWritesTheArrangementAndTheChoices) {
