@@ -78,6 +78,11 @@ void CMyShellBrowser::OnDirectoryChange(const DirChange* change) {
 
 void CMyShellBrowser::FollowDisk() {
     followArmed_ = false;
+    if (!IsWindowVisible(hwnd())) {  // a hidden tab or T-View is listed again when it shows
+        diskStale_ = true;
+        return;
+    }
+    diskStale_ = false;
     RefreshKeepingPlace();
     ++diskFollows_;
     ++burstFollows_;

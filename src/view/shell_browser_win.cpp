@@ -134,6 +134,7 @@ void CMyShellBrowser::SetActive(bool active) {
         view_->UIActivate(SVUIA_ACTIVATE_FOCUS);
         SetFocus(viewWindow_);
         statusRequested_ = true;
+        if (diskStale_) FollowDisk();
     } else {
         view_->UIActivate(SVUIA_DEACTIVATE);
     }

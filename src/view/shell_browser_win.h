@@ -267,6 +267,7 @@ private:
     bool followArmed_ = false;
     DWORD lastChangeTick_ = 0;
     int burstFollows_ = 0;       // listings since the changes began
+    bool diskStale_ = false;     // changed while hidden
     int diskFollows_ = 0;
     int statusRuns_ = 0;
     win::UniquePidl reselect_;

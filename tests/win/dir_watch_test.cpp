@@ -117,6 +117,17 @@ TEST(DirWatch, TheViewFollowsAnotherProgramsChanges) {
     RunElsewhere(L"del \"" + (files / L"a.txt") + L"\"");
     EXPECT_TRUE(PumpUntil([&] { return ListCount(browser) == 303; })) << ListCount(browser);
     EXPECT_NEAR(ListView_GetTopIndex(browser.GetListControl()), top, 1) << "the list stays where it was scrolled to";
+
+    // A hidden view waits until it shows.
+    Pump(2200);  // the burst is over: the next change is due at once
+    browser.SetActive(false);
+    const int hiddenFollows = browser.DiskFollows();
+    RunElsewhere(L"del \"" + (files / L"b.txt") + L"\"");
+    Pump(800);
+    EXPECT_EQ(browser.DiskFollows(), hiddenFollows);
+    EXPECT_EQ(ListCount(browser), 303);
+    browser.SetActive(true);
+    EXPECT_EQ(ListCount(browser), 302) << "listed again as it shows";
 }
 
 }  // namespace
