@@ -26,19 +26,6 @@ bool EndsWith(const std::wstring& path, std::wstring_view extension) {
 
 bool Exists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
-// A shortcut's target when it is a folder; "" otherwise.
-std::wstring LinkedFolder(const std::wstring& link) {
-    win::ComPtr<IShellLinkW> shellLink;
-    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, shellLink.put_void())))
-        return {};
-    win::ComPtr<IPersistFile> file = shellLink.As<IPersistFile>();
-    wchar_t target[MAX_PATH] = {};
-    if (!file || FAILED(file->Load(link.c_str(), STGM_READ)) || FAILED(shellLink->GetPath(target, MAX_PATH, nullptr, 0)))
-        return {};
-    FavoritesPlacesWin places;
-    return places.FolderExists(target) ? target : L"";
-}
-
 }  // namespace
 
 bool CMainFrame::OnFavoritesCommand(int id) {
@@ -143,7 +130,7 @@ void CMainFrame::OpenFavorite(const std::wstring& path, bool folder, bool newWin
         }
         return;
     }
-    const std::wstring target = folder ? path : EndsWith(path, L".lnk") ? LinkedFolder(path) : L"";
+    const std::wstring target = folder ? path : EndsWith(path, L".lnk") ? win::LinkedFolder(path) : L"";
     if (!target.empty()) {
         panel.NavigateToText(target);
         return;

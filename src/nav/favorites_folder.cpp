@@ -4,6 +4,7 @@
 #include <cwchar>
 #include <cwctype>
 
+#include "core/path_text.h"
 #include "core/settings_store.h"
 
 namespace tessel {
@@ -27,11 +28,7 @@ std::wstring NormaliseFolderPath(std::wstring_view path) {
     std::wstring text(path);
     std::replace(text.begin(), text.end(), L'/', L'\\');
     text += L'\\';
-    const size_t keep = text.starts_with(L"\\\\") && text.size() > 2 ? 2 : 0;
-    size_t out = keep;
-    for (size_t in = keep; in < text.size(); ++in)
-        if (!(text[in] == L'\\' && out > keep && text[out - 1] == L'\\')) text[out++] = text[in];
-    text.resize(out);
+    CollapseBackslashes(text);
     return text;
 }
 

@@ -1,5 +1,7 @@
 #include "view/dir_change_records.h"
 
+#include "core/path_text.h"
+
 
 namespace tessel {
 namespace {
@@ -23,11 +25,7 @@ std::wstring JoinChangePath(std::wstring_view folder, std::wstring_view name) {
     std::wstring joined;
     joined.reserve(folder.size() + name.size() + 1);
     joined.append(folder).append(1, L'\\').append(name);
-    const size_t keep = joined.starts_with(L"\\\\") ? 2 : 0;  // a network path's own beginning
-    size_t out = keep;
-    for (size_t in = keep; in < joined.size(); ++in)
-        if (!(joined[in] == L'\\' && out > keep && joined[out - 1] == L'\\')) joined[out++] = joined[in];
-    joined.resize(out);
+    CollapseBackslashes(joined);
     return joined;
 }
 

@@ -14,24 +14,10 @@
 #include "res/resource.h"
 #include "view/command_placeholders_win.h"
 #include "view/view_panel_win.h"
-#include "win/com_ptr_win.h"
+#include "win/shell_item_win.h"
 
 namespace tessel {
 namespace {
-
-// A shortcut's target, so that a link to a folder opens in the view; the link itself otherwise.
-std::wstring LinkTarget(const std::wstring& linkPath) {
-    win::ComPtr<IShellLinkW> link;
-    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.put_void())))
-        return linkPath;
-    win::ComPtr<IPersistFile> file = link.As<IPersistFile>();
-    wchar_t target[MAX_PATH] = {};
-    if (!file || FAILED(file->Load(linkPath.c_str(), STGM_READ)) || FAILED(link->GetPath(target, MAX_PATH, nullptr, 0)) ||
-        !target[0])
-        return linkPath;
-    const DWORD attributes = GetFileAttributesW(target);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? target : linkPath;
-}
 
 void AddQuickLinkFolder(std::vector<QuickLinkEntry>& entries) {
     FavoritesPlacesWin places;
@@ -45,7 +31,9 @@ void AddQuickLinkFolder(std::vector<QuickLinkEntry>& entries) {
         if (entries.size() >= kQuickLinkMaxEntries) break;
         std::wstring name = data.cFileName;
         name.resize(name.size() - 4);  // without ".lnk"
-        entries.push_back({name, LinkTarget(base + data.cFileName)});
+        // A link to a folder opens in the view; any other link is started as it is.
+        const std::wstring folder = win::LinkedFolder(base + data.cFileName);
+        entries.push_back({name, folder.empty() ? base + data.cFileName : folder});
     } while (FindNextFileW(find, &data));
     FindClose(find);
 }

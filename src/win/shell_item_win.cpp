@@ -149,4 +149,17 @@ std::string VerbOf(IContextMenu* menu, UINT offset) {
     return verb;
 }
 
+std::wstring LinkedFolder(const std::wstring& linkPath) {
+    ComPtr<IShellLinkW> link;
+    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.put_void())))
+        return {};
+    ComPtr<IPersistFile> file = link.As<IPersistFile>();
+    wchar_t target[MAX_PATH] = {};
+    if (!file || FAILED(file->Load(linkPath.c_str(), STGM_READ)) || FAILED(link->GetPath(target, MAX_PATH, nullptr, 0)) ||
+        !target[0])
+        return {};
+    const DWORD attributes = GetFileAttributesW(target);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? target : L"";
+}
+
 }  // namespace tessel::win
