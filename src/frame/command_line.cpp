@@ -1,8 +1,9 @@
 #include "frame/command_line.h"
 
 #include <algorithm>
-
 #include <cwctype>
+
+#include "core/text_case.h"
 
 namespace tessel {
 
@@ -35,6 +36,20 @@ HelpRequest ParseHelpRequest(std::wstring_view line) {
     std::vector<std::wstring_view> tokens = Split(line, L'#');
     if (tokens.size() > 1 && !tokens[1].empty()) help.anchor = L"#" + std::wstring(tokens[1]);
     return help;
+}
+
+SetupRequest ParseSetupWords(std::wstring_view line) {
+    std::vector<std::wstring_view> words;
+    for (std::wstring_view word : Split(line, L' '))
+        if (!word.empty()) words.push_back(word);
+    SetupRequest request;
+    if (words.empty() || words.size() > 2) return request;
+    if (words.size() == 2 && !EqualNoCase(words[1], L"/quiet")) return request;
+    if (EqualNoCase(words[0], L"install") || EqualNoCase(words[0], L"setup")) request.action = SetupAction::kInstall;
+    else if (EqualNoCase(words[0], L"-uninstall")) request.action = SetupAction::kUninstall;
+    else if (EqualNoCase(words[0], L"-uninstall+")) request.action = SetupAction::kUninstallAll;
+    request.quiet = request.action != SetupAction::kNone && words.size() == 2;
+    return request;
 }
 
 std::vector<std::wstring> ParsePathList(std::wstring_view line) {

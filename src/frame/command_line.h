@@ -32,6 +32,16 @@ struct StartPlan {
     std::wstring browseExtra;            // token 2 of the "/e" form, kept for later use
 };
 
+// The set-up words: "install" or "setup" installs, "-uninstall" removes the installed copy and
+// "-uninstall+" its settings too. Only a line that is one of these words, optionally followed by
+// "/quiet" (no questions, no report box), is taken; any other line is a normal start.
+enum class SetupAction { kNone, kInstall, kUninstall, kUninstallAll };
+struct SetupRequest {
+    SetupAction action = SetupAction::kNone;
+    bool quiet = false;
+};
+SetupRequest ParseSetupWords(std::wstring_view line);
+
 // Quoted or plain paths, split at double quotes, lowered, leading blanks stripped.
 std::vector<std::wstring> ParsePathList(std::wstring_view line);
 

@@ -11,12 +11,11 @@
 #include "frame/help_win.h"
 #include "frame/instance_counter.h"
 #include "frame/main_frame_win.h"
+#include "frame/setup_win.h"
 #include "win/start_trace_win.h"
 #include "win/handles_win.h"
 
 namespace tessel {
-
-bool HandleSetupCommand(const std::wstring&) { return false; }
 
 int Entry(HINSTANCE, const wchar_t* commandLine, int showCommand) {
     // A drive without medium answers with an error instead of asking the user to insert one.
@@ -56,6 +55,10 @@ int Run(const std::wstring& commandLine, int showCommand) {
         PostQuitMessage(1);
         return 0;
     }
+    wchar_t exe[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, exe, MAX_PATH);
+    RegisterFolderSetType(exe, UserRegistry{}, false);
+    StartMark("document-type");
 
     // The mutex only counts instances: a further instance opens its own window.
     win::UniqueHandle mutex(CreateMutexW(nullptr, FALSE, L"TESSEL-GUID"));

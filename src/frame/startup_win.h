@@ -10,8 +10,4 @@ namespace tessel {
 int Entry(HINSTANCE instance, const wchar_t* commandLine, int showCommand);
 int Run(const std::wstring& commandLine, int showCommand);
 
-// The self-install handler's words ("install", "setup", "-uninstall", "-uninstall+").
-// Installing is not part of this version, so it never takes the line.
-bool HandleSetupCommand(const std::wstring& commandLine);
-
 }  // namespace tessel

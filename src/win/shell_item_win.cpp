@@ -162,4 +162,14 @@ std::wstring LinkedFolder(const std::wstring& linkPath) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? target : L"";
 }
 
+bool CreateShortcut(const std::wstring& linkPath, const std::wstring& target, const std::wstring& workingFolder,
+                    const std::wstring& description) {
+    ComPtr<IShellLinkW> link;
+    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.put_void())))
+        return false;
+    ComPtr<IPersistFile> file = link.As<IPersistFile>();
+    return file && SUCCEEDED(link->SetPath(target.c_str())) && SUCCEEDED(link->SetWorkingDirectory(workingFolder.c_str())) &&
+           SUCCEEDED(link->SetDescription(description.c_str())) && SUCCEEDED(file->Save(linkPath.c_str(), TRUE));
+}
+
 }  // namespace tessel::win

@@ -25,6 +25,9 @@ std::wstring ParsingNameOf(PCIDLIST_ABSOLUTE pidl);
 std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl);  // "" when the folder has no path
 // The folder a shortcut (".lnk") points to; "" when it points elsewhere or cannot be read.
 std::wstring LinkedFolder(const std::wstring& linkPath);
+// A shortcut file at `linkPath` that starts `target` in `workingFolder`.
+bool CreateShortcut(const std::wstring& linkPath, const std::wstring& target, const std::wstring& workingFolder,
+                    const std::wstring& description);
 // The path, or the parsing name of a folder without one: text that parses back to the folder.
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl);
 // The system's small-icon list, asked for without extracting any icon (asking with a drive's
