@@ -11,6 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::wstring line = fuzz::WideOf(data + 1, size - 1);
     ParseHelpRequest(line);
     ParsePathList(line);
+    const SetupRequest setup = ParseSetupWords(line);
+    fuzz::Check(!setup.quiet || setup.action != SetupAction::kNone);
     const StartPlan plan = InterpretCommandLine(line, startMode, [](const std::wstring& path) {
         return !path.empty() && path.back() == L'f';  // some paths name files, most do not
     });
