@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kMargin = 2;  // the highlighted frame around the field
 constexpr UINT kMsgSegmentsBack = WM_APP + 0x140;
+constexpr UINT kMsgMakeCombo = WM_APP + 0x141;
 
 }  // namespace
 
@@ -29,12 +30,9 @@ bool CAdressBar::Create(HWND parent, int id) {
     if (!CreateWindowOf(L"TesselAddressBar", WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, L"", 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id))))
         return false;
-    combo_ = CreateWindowExW(0, WC_COMBOBOXEXW, L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWN, 0,
-                             0, 0, 300, hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kAddressComboId)),
-                             GetModuleHandleW(nullptr), nullptr);
-    if (!combo_) return false;
-    SendMessageW(combo_, CBEM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(win::SystemSmallIcons()));  // not ours
-    if (HWND edit = Edit()) win::Subclass(edit, &CAdressBar::EditProc, this);
+    // The box costs about 30 ms to make (its drop-down list is a window of its own): it is made
+    // just after the window shows, or at once when something asks for it.
+    PostMessageW(hwnd(), kMsgMakeCombo, 0, 0);
     drives_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
                               WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE | CCS_NODIVIDER |
                                   CCS_NOPARENTALIGN,
@@ -61,15 +59,48 @@ void CAdressBar::MakeTools() {
     SendMessageW(tools_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
 }
 
+bool CAdressBar::MakeCombo() {
+    if (combo_ || !hwnd()) return combo_ != nullptr;
+    const int heightBefore = Height();
+    combo_ = CreateWindowExW(0, WC_COMBOBOXEXW, L"", WS_CHILD | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWN, 0, 0, 0, 300,
+                             hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kAddressComboId)),
+                             GetModuleHandleW(nullptr), nullptr);
+    if (!combo_) return false;
+    SendMessageW(combo_, CBEM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(win::SystemSmallIcons()));  // not ours
+    if (HWND edit = EditIfMade()) win::Subclass(edit, &CAdressBar::EditProc, this);
+    Layout();  // sized before the text goes in: an edit too narrow for it keeps showing only its end
+    hierarchy_.clear();
+    FillHierarchy();
+    const bool segmented = style_ == 1 && segments_ && !editing_;
+    if (!segmented) ShowWindow(combo_, SW_SHOWNA);
+    if (Height() != heightBefore) {  // the owner lays its parts out again around the new height
+        RECT client{};
+        HWND parent = GetParent(hwnd());
+        GetClientRect(parent, &client);
+        SendMessageW(parent, WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
+    }
+    return true;
+}
+
+HWND CAdressBar::Combo() {
+    MakeCombo();
+    return combo_;
+}
+
 void CAdressBar::OpenTreeDropDown() {
     if (!shown_) return;
     RECT below{};
-    GetWindowRect(combo_, &below);
+    GetWindowRect(Combo() ? combo_ : hwnd(), &below);
     CAdressTreePopup popup;
     if (win::UniquePidl chosen = popup.Track(hwnd(), below, shown_.get())) navigate_(std::move(chosen));
 }
 
-HWND CAdressBar::Edit() const {
+HWND CAdressBar::Edit() {
+    MakeCombo();
+    return EditIfMade();
+}
+
+HWND CAdressBar::EditIfMade() const {
     return combo_ ? reinterpret_cast<HWND>(SendMessageW(combo_, CBEM_GETEDITCONTROL, 0, 0)) : nullptr;
 }
 
@@ -131,7 +162,7 @@ void CAdressBar::SetPath(PCIDLIST_ABSOLUTE folder) {
 // only the folder when the hierarchy is switched off) is made when the list opens, so a
 // navigation asks the shell for one name and icon, not one per level.
 void CAdressBar::FillHierarchy() {
-    if (!shown_) return;
+    if (!shown_ || !combo_) return;  // the box fills itself when it is made
     // The one item is rewritten in place: emptying and refilling the box repaints it twice.
     const bool reuse = hierarchy_.size() == 1 && SendMessageW(combo_, CB_GETCOUNT, 0, 0) == 1;
     hierarchy_.clear();
@@ -181,7 +212,7 @@ std::wstring CAdressBar::FolderText() const {
 }
 
 void CAdressBar::ShowFolderText() {
-    HWND edit = Edit();
+    HWND edit = EditIfMade();
     if (!edit) return;
     const std::wstring text = FolderText();
     wchar_t now[MAX_PATH + 2] = {};
@@ -213,7 +244,7 @@ void CAdressBar::Command(int id) {
     } else if (id == kEditPathId && segments_) {
         editing_ = true;
         segments_->Show(false);
-        ShowWindow(combo_, SW_SHOWNA);
+        ShowWindow(Combo(), SW_SHOWNA);
         SetFocus(Edit());
     } else if (id >= kFirstDriveId && id <= kLastDriveId && id - kFirstDriveId < static_cast<int>(driveTexts_.size())) {
         // A drive without medium parses but cannot be shown: the view refuses it, no prompt.
@@ -337,8 +368,11 @@ LRESULT CAdressBar::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kMsgSegmentsBack:
         ShowSegmentsAgain();
         return 0;
+    case kMsgMakeCombo:
+        MakeCombo();
+        return 0;
     case WM_DESTROY:
-        if (HWND edit = Edit()) win::Unsubclass(edit);
+        if (HWND edit = EditIfMade()) win::Unsubclass(edit);
         segments_.reset();
         break;
     }

@@ -35,8 +35,9 @@ public:
     int Height() const;
 
     // The parts, for the panel's layout and for the tests.
-    HWND Combo() const { return combo_; }
-    HWND Edit() const;
+    // The box and its edit field, made now if they were not yet.
+    HWND Combo();
+    HWND Edit();
     HWND Drives() const { return drives_; }
     HWND Tools() const { return tools_; }
     CComboBoxVista* Segmented() const { return segments_.get(); }
@@ -57,6 +58,8 @@ protected:
 
 private:
     void Layout();
+    bool MakeCombo();
+    HWND EditIfMade() const;
     void FillDrives();
     void MakeTools();
     void FillHierarchy();

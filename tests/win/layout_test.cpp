@@ -183,7 +183,10 @@ TEST_F(Layouts, AddressBarModesFromTheMenuAreAppliedAndKept) {
     HWND panel = View(tessel, 1);
     auto panelBar = [&] { return FindWindowExW(panel, nullptr, L"TesselAddressBar", nullptr); };
     ASSERT_NE(panelBar(), nullptr) << "every T-View has its bar at first";
-    EXPECT_NE(FindWindowExW(panelBar(), nullptr, WC_COMBOBOXEXW, nullptr), nullptr);
+    HWND box = nullptr;  // made and shown just after the window shows
+    for (int i = 0; i < 100 && !(box && IsWindowVisible(box)); ++i, Sleep(20))
+        box = FindWindowExW(panelBar(), nullptr, WC_COMBOBOXEXW, nullptr);
+    EXPECT_TRUE(box && IsWindowVisible(box));
     EXPECT_EQ(GetDlgItem(tessel.Frame(), IDC_FRAME_ADDRESS_BAR), nullptr);
 
     SendMessageW(tessel.Frame(), WM_COMMAND, ID_ADDRESS_MODE_FRAME, 0);
