@@ -18,6 +18,8 @@ struct FixedItem : IItemAttributes {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::wstring text = fuzz::WideOf(data, size);
+    const auto custom = ParseCustomColours(text);
+    fuzz::Check(ParseCustomColours(FormatCustomColours(custom)) == custom);
     std::vector<ColourRule> rules = ParseRulesFile(text);
     fuzz::Check(rules.size() <= kRuleSlots);
     const auto rows = ParseTabSeparated(text);

@@ -9,6 +9,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "frame/user_text_file_win.h"
+#include "features/colour_picker_win.h"
 #include "features/list_export.h"
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
@@ -112,15 +113,9 @@ void CFarbenOpt::MoveSelected(int step) {
 void CFarbenOpt::OnDoubleClick(int row, int column) {
     std::vector<std::wstring> cells = Cells(row);
     if (column == 1) {
-        static COLORREF custom[16] = {};
-        const int colour = ParseColourText(cells[1]);
-        CHOOSECOLORW choose{sizeof(choose)};
-        choose.hwndOwner = page_;
-        choose.rgbResult = colour < 0 ? 0 : static_cast<COLORREF>(colour);
-        choose.lpCustColors = custom;
-        choose.Flags = CC_RGBINIT | CC_FULLOPEN;
-        if (!ChooseColorW(&choose)) return;
-        cells[1] = FormatColourText(static_cast<int>(choose.rgbResult));
+        int colour = ParseColourText(cells[1]);
+        if (!PickColour(page_, colour)) return;
+        cells[1] = FormatColourText(colour);
     } else if (column >= 2 && column < kColumnCount) {
         cells[static_cast<size_t>(column)] = std::to_wstring(NextStyleValue(_wtoi(cells[static_cast<size_t>(column)].c_str())));
     } else {

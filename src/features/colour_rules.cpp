@@ -72,6 +72,29 @@ std::wstring FormatColourText(int colour) {
 
 // Hexadecimal digits are read as far as they go, as a C reader of "%x" does; no digit at all
 // is not a colour, and grey says so.
+std::array<int, kCustomColourCount> ParseCustomColours(std::wstring_view text) {
+    std::array<int, kCustomColourCount> colours;
+    colours.fill(kNoColour);
+    for (int place = 0; place < kCustomColourCount && !text.empty(); ++place) {
+        const size_t end = std::min(text.find(L';'), text.size());
+        const std::wstring_view field = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        bool hex = field.size() == 6;
+        for (wchar_t c : field) hex = hex && HexDigit(c) >= 0;
+        if (hex) colours[static_cast<size_t>(place)] = ParseColourText(field);
+    }
+    return colours;
+}
+
+std::wstring FormatCustomColours(const std::array<int, kCustomColourCount>& colours) {
+    std::wstring text;
+    for (size_t place = 0; place < colours.size(); ++place) {
+        if (place) text += L';';
+        text += FormatColourText(colours[place]);
+    }
+    return text;
+}
+
 int ParseColourText(std::wstring_view text) {
     if (text.find(L'-') != std::wstring_view::npos) return kNoColour;
     size_t at = 0;

@@ -34,6 +34,12 @@ std::wstring FormatColourText(int colour);
 // Any "-" gives no colour, text that is not hexadecimal gives grey.
 int ParseColourText(std::wstring_view text);
 
+// The sixteen custom colours of the colour picker, kept as colour texts joined by ";" ("-1" for
+// an empty place). Missing or unreadable places are empty; more than sixteen are ignored.
+inline constexpr int kCustomColourCount = 16;
+std::array<int, kCustomColourCount> ParseCustomColours(std::wstring_view text);
+std::wstring FormatCustomColours(const std::array<int, kCustomColourCount>& colours);
+
 // "pattern=enabled=RRGGBB=italic=bold=underline=strikeout". Fields past the end read as 0;
 // an empty pattern gives false.
 bool ParseRuleLine(std::wstring_view line, ColourRule& rule);

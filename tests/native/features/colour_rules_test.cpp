@@ -30,6 +30,25 @@ TEST(ColourRules, ColourTextAndRuleLines) {
     EXPECT_FALSE(ParseRuleLine(L"", rule));
 }
 
+TEST(ColourRules, CustomColoursKeepTheirPlacesAndSkipWhatTheyCannotRead) {
+    const auto colours = ParseCustomColours(L"FF0000;-1;zz0000;00FF00;;0000ff;12345;1234567");
+    EXPECT_EQ(colours[0], 0x0000FF);
+    EXPECT_EQ(colours[1], kNoColour);
+    EXPECT_EQ(colours[2], kNoColour);  // not a colour text
+    EXPECT_EQ(colours[3], 0x00FF00);
+    EXPECT_EQ(colours[4], kNoColour);
+    EXPECT_EQ(colours[5], 0xFF0000);
+    EXPECT_EQ(colours[6], kNoColour);
+    EXPECT_EQ(colours[7], kNoColour);
+    for (size_t i = 8; i < colours.size(); ++i) EXPECT_EQ(colours[i], kNoColour);
+    const std::wstring text = FormatCustomColours(colours);
+    EXPECT_EQ(text.substr(0, 24), L"FF0000;-1;-1;00FF00;-1;0");
+    EXPECT_EQ(ParseCustomColours(text), colours);
+    std::wstring many;
+    for (int i = 0; i < 40; ++i) many += L"ABCDEF;";
+    EXPECT_EQ(FormatCustomColours(ParseCustomColours(many)).size(), 16u * 7 - 1);
+}
+
 TEST(ColourRules, LoadPacksSkipsAndFallsBack) {
     testing::MemorySettings settings;
     settings.PutString(L"Filter", L"0", L"*.old=1=FF0000=-1=-1=-1=-1");
