@@ -173,6 +173,7 @@ void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_VIEW_FOLDER_SIZES, FolderSizeOptions().fld_size ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_VIEW_MAGNIFIER, magnifier_ ? MF_CHECKED : MF_UNCHECKED);
     // Every start mode but the last state starts the same way: the menu offers the two.
     const bool lastState = Options().Als == kStartModeLastState;
     CheckMenuItem(menu, ID_START_MODE_LAST_STATE, lastState ? MF_CHECKED : MF_UNCHECKED);
@@ -241,6 +242,16 @@ void CMainFrame::StartFurtherInstance() {
     ShellExecuteW(hwnd(), L"open", exe, parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
 }
 
+// Closing the magnifier's window comes back here as the same command, outside its own handler.
+void CMainFrame::ToggleMagnifier() {
+    if (magnifier_) {
+        magnifier_.reset();
+        return;
+    }
+    magnifier_ = std::make_unique<CMagnifier>([this] { PostMessageW(hwnd(), WM_COMMAND, ID_VIEW_MAGNIFIER, 0); });
+    if (!magnifier_->Create(hwnd())) magnifier_.reset();
+}
+
 void CMainFrame::OnCommand(int id, LPARAM lParam) {
     if (OnFavoritesCommand(id)) return;
     switch (id) {
@@ -261,6 +272,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         break;
     case ID_OPTIONS_DIALOG: COptionenWnd::Run(hwnd()); break;
     case ID_COLOURS_CHANGED: ApplyColours(); break;
+    case ID_VIEW_MAGNIFIER: ToggleMagnifier(); break;
     case ID_VIEW_FOLDER_SIZES:
         FolderSizeOptions().fld_size = FolderSizeOptions().fld_size ? 0 : 1;
         Settings().PutInt(L"X-Size", L"fld_size", FolderSizeOptions().fld_size);

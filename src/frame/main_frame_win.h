@@ -9,6 +9,7 @@
 #include "frame/command_line.h"
 #include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
+#include "frame/magnifier_win.h"
 #include "frame/view_layout.h"
 #include "nav/favorites_menu_win.h"
 #include "nav/folder_tree_win.h"
@@ -63,6 +64,7 @@ private:
     void EndBarDrag();
     LRESULT OnNotify(NMHDR* header);
     void OnCommand(int id, LPARAM lParam);
+    void ToggleMagnifier();
     // Favorites: the menu's commands and entries, the folder, adding favorites.
     bool OnFavoritesCommand(int id);
     std::wstring EnsureFavoritesFolder();  // asks for one when none is known; "" when none
@@ -116,6 +118,7 @@ private:
     CShellTree2 frameTree_;
     FavoritesMenu favorites_;
     std::unique_ptr<CAdressBar> addressBar_;
+    std::unique_ptr<CMagnifier> magnifier_;  // while the screen magnifier is on
     void ApplyFrameAddressBar();
     void ShowFocusedLocation();  // the frame's address bar and tree follow the T-View in use
     RectI treeBar_{};  // the bar between the frame-wide tree and the T-Views

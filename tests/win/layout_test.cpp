@@ -177,6 +177,39 @@ namespace {
 
 // The address-bar modes from the Options menu: one bar per T-View, one in the frame, none;
 // each written at once.
+// Found among the top-level windows of the process that owns `frame`.
+HWND MagnifierOf(HWND frame) {
+    for (HWND window = FindWindowW(L"TesselMagnifier", nullptr); window;
+         window = FindWindowExW(nullptr, window, L"TesselMagnifier", nullptr))
+        if (GetWindow(window, GW_OWNER) == frame) return window;
+    return nullptr;
+}
+
+TEST_F(Layouts, TheMagnifierFollowsTheMenuKeepsItsZoomAndClosesByItsWindow) {
+    WriteUnicodeText(folder_ / L"Tessel.ini", L"[Lupe]\r\nZoom=99\r\n");  // out of range: the largest
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_VIEW_MAGNIFIER, 0);
+    HWND magnifier = MagnifierOf(tessel.Frame());
+    ASSERT_NE(magnifier, nullptr);
+    EXPECT_TRUE(IsWindowVisible(magnifier));
+    EXPECT_TRUE(GetWindowLongW(magnifier, GWL_EXSTYLE) & WS_EX_TOPMOST);
+    EXPECT_EQ(GetWindowTextString(magnifier).substr(GetWindowTextString(magnifier).size() - 3), L" 8x");
+    SendMessageW(magnifier, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    SendMessageW(magnifier, WM_CHAR, L'-', 0);
+    EXPECT_EQ(GetWindowTextString(magnifier).substr(GetWindowTextString(magnifier).size() - 3), L" 6x");
+    SendMessageW(magnifier, WM_CLOSE, 0, 0);
+    for (int i = 0; i < 100 && IsWindow(magnifier); ++i) Sleep(20);
+    EXPECT_FALSE(IsWindow(magnifier)) << "closing its window turns the magnifier off";
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_VIEW_MAGNIFIER, 0);
+    magnifier = MagnifierOf(tessel.Frame());
+    ASSERT_NE(magnifier, nullptr);
+    EXPECT_EQ(GetWindowTextString(magnifier).substr(GetWindowTextString(magnifier).size() - 3), L" 6x");
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_VIEW_MAGNIFIER, 0);
+    EXPECT_FALSE(IsWindow(magnifier));
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
 TEST_F(Layouts, AddressBarModesFromTheMenuAreAppliedAndKept) {
     TesselProcess tessel(exe_, L"");
     ASSERT_TRUE(tessel.WaitForWindow());

@@ -111,3 +111,33 @@ TEST(ViewLayout, PositionArithmeticAndRanges) {
 
 }  // namespace
 }  // namespace tessel
+
+#include "frame/magnifier_area.h"
+
+namespace tessel {
+namespace {
+
+TEST(Magnifier, TheAreaFollowsTheMouseButStaysOnTheScreen) {
+    const Area screen{0, 0, 1280, 800};
+    Area area = MagnifiedArea(640, 400, 300, 200, 4, screen);
+    EXPECT_EQ(area.width, 75);
+    EXPECT_EQ(area.height, 50);
+    EXPECT_EQ(area.left, 640 - 37);
+    EXPECT_EQ(area.top, 400 - 25);
+    area = MagnifiedArea(2, 799, 300, 200, 4, screen);  // a corner: the area moves in
+    EXPECT_EQ(area.left, 0);
+    EXPECT_EQ(area.top, 750);
+    area = MagnifiedArea(-500, -500, 300, 200, 4, Area{-1280, -100, 2560, 900});  // a screen left of the first
+    EXPECT_EQ(area.left, -537);
+    EXPECT_EQ(area.top, -100);
+    area = MagnifiedArea(10, 10, 5000, 5000, 2, Area{0, 0, 640, 480});  // a window larger than the screen
+    EXPECT_EQ(area.width, 640);
+    EXPECT_EQ(area.left, 0);
+    EXPECT_EQ(MagnifiedArea(0, 0, 300, 200, 99, screen).width, 300 / kMaxZoom);
+    EXPECT_EQ(ClampZoom(1), kMinZoom);
+    EXPECT_EQ(ClampZoom(-7), kMinZoom);
+    EXPECT_EQ(ClampZoom(5), 5);
+}
+
+}  // namespace
+}  // namespace tessel
