@@ -37,10 +37,11 @@ std::wstring RegisteredFolderSetProgram(const UserRegistry& registry) {
 }
 
 bool RegisterFolderSetType(const std::wstring& exe, const UserRegistry& registry, bool claim) {
-    const std::wstring current = RegisteredFolderSetProgram(registry);
+    // Read once: this runs at every start.
     std::wstring command;
     win::GetRegString(registry.root, CommandKey(registry), nullptr, command);
     if (command == FolderSetOpenCommand(exe)) return true;
+    const std::wstring current = ProgramOf(command);
     if (!claim && !current.empty() && FileExists(current)) return true;  // another copy's, and it works
     const std::wstring type = registry.Classes() + L"\\" + kFolderSetProgId;
     const bool written = win::SetRegString(registry.root, registry.Classes() + L"\\.tsf", nullptr, kFolderSetProgId) &&
