@@ -104,6 +104,7 @@
 #define IDD_INPUT_NAME 105
 #define IDD_SEARCH_FAVORITE 106
 #define IDD_PAGE_LISTS 107
+#define IDD_PAGE_SWITCHES 108  // its controls are made from the page's table
 #define IDS_PAGE_LISTS 62100
 #define IDC_LISTS_WHICH 1130
 #define IDC_LISTS_DISABLE 1131

@@ -4,6 +4,9 @@
 //   winctl launch exe [arguments...]  starts exe, waits for its main window, prints "window-ms: N"
 //                                     and "working-set-mb: N", and leaves it running
 //   winctl command id                 sends the menu command `id` to the main window
+//   winctl post id                    posts it, for commands that open a dialog and wait
+//   winctl page n                     shows page n of the open options dialog, prints its geometry
+//   winctl dismiss                    closes the open options dialog
 #include <windows.h>
 #include <psapi.h>
 
@@ -20,6 +23,29 @@ using tessel::tools::kFrameClass;
 HWND VisibleFrame(DWORD process) { return tessel::tools::FindVisibleFrame(process); }
 
 HWND AnyFrame() { return FindWindowW(kFrameClass, nullptr); }
+
+constexpr int kOptionsPageList = 1110;  // the page list of the options dialog
+
+// The options dialog once it shows: a dialog holding the page list.
+HWND OptionsDialog(DWORD timeout) {
+    for (DWORD start = GetTickCount(); GetTickCount() - start < timeout; Sleep(20))
+        for (HWND d = FindWindowW(L"#32770", nullptr); d; d = FindWindowExW(nullptr, d, L"#32770", nullptr))
+            if (IsWindowVisible(d) && GetDlgItem(d, kOptionsPageList)) return d;
+    return nullptr;
+}
+
+int ShowOptionsPage(int index) {
+    HWND dialog = OptionsDialog(5000);
+    if (!dialog) return 1;
+    HWND list = GetDlgItem(dialog, kOptionsPageList);
+    if (SendMessageW(list, LB_SETCURSEL, index, 0) == LB_ERR) return 1;
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(kOptionsPageList, LBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
+    RECT r{};
+    GetWindowRect(dialog, &r);  // for cropping a screenshot to the dialog
+    std::printf("dialog: %ldx%ld+%ld+%ld\n", r.right - r.left, r.bottom - r.top, r.left, r.top);
+    std::fflush(stdout);
+    return 0;
+}
 
 int Wait(DWORD timeout) {
     DWORD start = GetTickCount();
@@ -91,6 +117,15 @@ int wmain(int argc, wchar_t** argv) {
     if (verb == L"command" && argc > 2) {
         HWND frame = AnyFrame();
         return frame && SendMessageW(frame, WM_COMMAND, static_cast<WPARAM>(_wtoi(argv[2])), 0) == 0 ? 0 : 1;
+    }
+    if (verb == L"post" && argc > 2) {
+        HWND frame = AnyFrame();
+        return frame && PostMessageW(frame, WM_COMMAND, static_cast<WPARAM>(_wtoi(argv[2])), 0) ? 0 : 1;
+    }
+    if (verb == L"page" && argc > 2) return ShowOptionsPage(_wtoi(argv[2]));
+    if (verb == L"dismiss") {
+        HWND dialog = OptionsDialog(5000);
+        return dialog && PostMessageW(dialog, WM_COMMAND, IDOK, 0) ? 0 : 1;
     }
     return 2;
 }

@@ -60,6 +60,14 @@ const OptionEntry* OptionTable(size_t& count) {
     return kOptions;
 }
 
+int* OptionField(GeneralOptions& options, std::wstring_view key) {
+    for (const OptionEntry& entry : kOptions)
+        if (key == entry.key) return &(options.*entry.field);
+    if (key == L"tabs_hover_time") return &options.tabs_hover_time;
+    if (key == L"tree_hover_time") return &options.tree_hover_time;
+    return nullptr;
+}
+
 GeneralOptions& Options() {
     static GeneralOptions options;
     return options;

@@ -67,6 +67,9 @@ struct OptionEntry {
 // Every option in loading order; the defaults are the member initialisers above.
 const OptionEntry* OptionTable(size_t& count);
 
+// The option of key `key` in `options`; null for a key that is not in the table.
+int* OptionField(GeneralOptions& options, std::wstring_view key);
+
 // The process-wide options that the Parts read directly.
 GeneralOptions& Options();
 

@@ -25,19 +25,33 @@ std::wstring DigFormatted(double value, int dig) {
 
 }  // namespace
 
+namespace {
+
+struct SizeKey {
+    const wchar_t* key;
+    int FolderSizeSettings::*field;
+};
+
+constexpr SizeKey kSizeKeys[] = {
+    {L"mode", &FolderSizeSettings::mode},           {L"fld_size", &FolderSizeSettings::fld_size},
+    {L"type", &FolderSizeSettings::type},           {L"ths_sep", &FolderSizeSettings::ths_sep},
+    {L"dig", &FolderSizeSettings::dig},             {L"precent", &FolderSizeSettings::precent},
+    {L"ff_cnt", &FolderSizeSettings::ff_cnt},       {L"block_no_focus", &FolderSizeSettings::block_no_focus},
+    {L"nosort_fld_size", &FolderSizeSettings::nosort_fld_size},
+};
+
+}  // namespace
+
 FolderSizeSettings ReadFolderSizeSettings(ISettingsStore& settings) {
     FolderSizeSettings s;
-    constexpr std::wstring_view section = L"X-Size";
-    s.mode = settings.GetInt(section, L"mode", s.mode);
-    s.fld_size = settings.GetInt(section, L"fld_size", s.fld_size);
-    s.type = settings.GetInt(section, L"type", s.type);
-    s.ths_sep = settings.GetInt(section, L"ths_sep", s.ths_sep);
-    s.dig = settings.GetInt(section, L"dig", s.dig);
-    s.precent = settings.GetInt(section, L"precent", s.precent);
-    s.ff_cnt = settings.GetInt(section, L"ff_cnt", s.ff_cnt);
-    s.block_no_focus = settings.GetInt(section, L"block_no_focus", s.block_no_focus);
-    s.nosort_fld_size = settings.GetInt(section, L"nosort_fld_size", s.nosort_fld_size);
+    for (const SizeKey& key : kSizeKeys) s.*key.field = settings.GetInt(L"X-Size", key.key, s.*key.field);
     return s;
+}
+
+int* FolderSizeField(FolderSizeSettings& settings, std::wstring_view key) {
+    for (const SizeKey& entry : kSizeKeys)
+        if (key == entry.key) return &(settings.*entry.field);
+    return nullptr;
 }
 
 std::wstring GroupThousands(std::wstring_view number, std::wstring_view separator) {

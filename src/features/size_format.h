@@ -23,6 +23,9 @@ struct FolderSizeSettings {  // section "X-Size", read once per process
 
 FolderSizeSettings ReadFolderSizeSettings(ISettingsStore& settings);
 
+// The setting of key `key` in `settings`; null for a key of no folder-size setting.
+int* FolderSizeField(FolderSizeSettings& settings, std::wstring_view key);
+
 // "1234567" with `separator` every three digits of the integer part; an empty separator leaves it.
 std::wstring GroupThousands(std::wstring_view number, std::wstring_view separator);
 

@@ -73,6 +73,7 @@ bool CMainFrame::CreateFrame(int showCommand) {
 }
 
 bool CMainFrame::PreTranslate(MSG& message) {
+    RouteWheel(message);
     return hwnd() && accelerators_ && IsWindowVisible(hwnd()) &&
            TranslateAcceleratorW(hwnd(), accelerators_, &message);
 }
@@ -160,6 +161,10 @@ void CMainFrame::ReplaceMenu() {
 void CMainFrame::SetLanguage(int languageId) {
     Options().m_lang_id = languageId;
     WriteOption(Settings(), L"m_lang_id", languageId);
+    ShowLanguage();
+}
+
+void CMainFrame::ShowLanguage() {
     ReplaceMenu();
     for (auto& panel : panels_) panel->Refresh();
 }
@@ -270,7 +275,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         for (auto& panel : panels_) panel->Refresh();
         if (lParam == kFailedLoadParam) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
         break;
-    case ID_OPTIONS_DIALOG: COptionenWnd::Run(hwnd()); break;
+    case ID_OPTIONS_DIALOG: COptionenWnd::Run(hwnd(), 0, this); break;
     case ID_COLOURS_CHANGED: ApplyColours(); break;
     case ID_VIEW_MAGNIFIER: ToggleMagnifier(); break;
     case ID_VIEW_FOLDER_SIZES:
@@ -325,9 +330,18 @@ void CMainFrame::ApplyFrameAddressBar() {
 void CMainFrame::ShowFocusedLocation() {
     if (focusedView_ < 1 || focusedView_ > kViewCount || !panels_[focusedView_ - 1]) return;
     CPloder& panel = Panel(focusedView_);
+    ShowTitle();
     if (addressBar_) panel.ShowLocation(*addressBar_);
     if (treeMode_ == 1 && Options().tree_auto_sel && panel.Active() && panel.Active()->Current())
         frameTree_.SyncTo(panel.Active()->Current());
+}
+
+void CMainFrame::ApplyAddressBars() {
+    ApplyFrameAddressBar();
+    for (auto& panel : panels_) {
+        panel->ApplyAddressBarMode();
+        InvalidateRect(panel->hwnd(), nullptr, TRUE);
+    }
 }
 
 // The address bar options: each command sets its value, applies it to the four T-Views and
@@ -360,11 +374,7 @@ bool CMainFrame::AddressBarCommand(int id) {
     for (const Setting& setting : settings) {
         if (setting.command != id) continue;
         *setting.value = setting.set == -2 ? (*setting.value ? 0 : 1) : setting.set;
-        ApplyFrameAddressBar();
-        for (auto& panel : panels_) {
-            panel->ApplyAddressBarMode();
-            InvalidateRect(panel->hwnd(), nullptr, TRUE);
-        }
+        ApplyAddressBars();
         WriteOption(Settings(), setting.key, *setting.value);
         return true;
     }

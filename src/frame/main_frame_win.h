@@ -10,6 +10,7 @@
 #include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
 #include "frame/magnifier_win.h"
+#include "frame/options_dialog_win.h"
 #include "frame/view_layout.h"
 #include "nav/favorites_menu_win.h"
 #include "nav/folder_tree_win.h"
@@ -22,7 +23,7 @@ namespace tessel {
 
 inline constexpr wchar_t kMainFrameClass[] = L"TesselMainFrame";
 
-class CMainFrame : public win::Window, public IMessageFilter {
+class CMainFrame : public win::Window, public IMessageFilter, public IOptionHost {
 public:
     CMainFrame(std::wstring commandLine, int instanceNumber);
     ~CMainFrame() override;
@@ -44,6 +45,9 @@ public:
     void FocusView(int number);  // 1..4; a hidden T-View is not focused
     int FocusedView() const { return focusedView_; }
     int InstanceNumber() const { return instanceNumber_; }
+
+    bool HeldOption(std::wstring_view key, int& value) override;
+    void ApplyOptions(unsigned effects) override;
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -76,6 +80,10 @@ private:
     void OnInitMenuPopup(HMENU menu);
     void ReplaceMenu();
     void SetLanguage(int languageId);
+    void ShowLanguage();  // every menu and text in the language of the options
+    void ApplyAddressBars();
+    void ShowTitle();
+    bool RouteWheel(MSG& message);
     void ShowStatusBar(bool show);
     void ShowAbout();
     void OpenFolderSetDialog();

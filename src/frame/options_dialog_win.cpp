@@ -5,6 +5,8 @@
 
 #include "core/language_packs_win.h"
 #include "features/colour_page_win.h"
+#include "frame/option_pages.h"
+#include "frame/switches_page_win.h"
 #include "nav/lists_page_win.h"
 #include "res/resource.h"
 
@@ -12,8 +14,9 @@ namespace tessel {
 namespace {
 
 // Every page of the dialog, in the order of the page list.
-std::vector<std::unique_ptr<IOptionsPage>> MakePages() {
+std::vector<std::unique_ptr<IOptionsPage>> MakePages(IOptionHost* host) {
     std::vector<std::unique_ptr<IOptionsPage>> pages;
+    for (const OptionPageTable& table : OptionPageTables()) pages.push_back(std::make_unique<CSwitchesPage>(table, host));
     pages.push_back(std::make_unique<CFarbenOpt>());
     pages.push_back(std::make_unique<CListsOpt>());
     return pages;
@@ -24,6 +27,7 @@ struct DialogState {
     std::vector<HWND> windows;
     int shown = -1;
     int first = 0;
+    bool rebuild = false;  // closed to be built again in the new language
 };
 
 INT_PTR CALLBACK PageProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -79,19 +83,36 @@ INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
             ShowPage(dialog, *state, static_cast<int>(SendDlgItemMessageW(dialog, IDC_OPTIONS_PAGES, LB_GETCURSEL, 0, 0)));
         if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) EndDialog(dialog, IDOK);
         return TRUE;
+    case kMsgOptionsRebuild:
+        state->rebuild = true;
+        state->first = state->shown;
+        EndDialog(dialog, IDOK);
+        return TRUE;
     }
     return FALSE;
 }
 
 }  // namespace
 
-void COptionenWnd::Run(HWND owner, int firstPage) {
-    DialogState state;
-    state.pages = MakePages();
-    state.windows.assign(state.pages.size(), nullptr);
-    state.first = firstPage;
-    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_OPTIONS), owner, DialogProcedure,
-                    reinterpret_cast<LPARAM>(&state));
+int COptionenWnd::PageIndex(int titleId) {
+    const auto pages = MakePages(nullptr);
+    for (size_t i = 0; i < pages.size(); ++i)
+        if (pages[i]->TitleId() == titleId) return static_cast<int>(i);
+    return -1;
+}
+
+// A language change closes the dialog and opens it again on the same page, every text new.
+void COptionenWnd::Run(HWND owner, int firstPage, IOptionHost* host) {
+    for (bool again = true; again;) {
+        DialogState state;
+        state.pages = MakePages(host);
+        state.windows.assign(state.pages.size(), nullptr);
+        state.first = firstPage;
+        DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_OPTIONS), owner, DialogProcedure,
+                        reinterpret_cast<LPARAM>(&state));
+        again = state.rebuild;
+        firstPage = state.first;
+    }
 }
 
 }  // namespace tessel

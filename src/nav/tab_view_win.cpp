@@ -343,6 +343,10 @@ void CCBrowserTabView::SetLabelWidth(int command) {
         WriteOption(Settings(), L"tab_max_width", Options().tab_max_width);
     }
     WriteOption(Settings(), L"tab_width_mode", Options().tab_width_mode);
+    RelabelAll();
+}
+
+void CCBrowserTabView::RelabelAll() {
     for (CCBrowserTabView* strip : g_strips)
         for (int i = 0; i < strip->Count(); ++i)
             if (TabRecord* record = strip->Record(i)) strip->SetLabel(i, record->folder.get());

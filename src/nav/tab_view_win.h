@@ -88,6 +88,7 @@ public:
     // WM_NOTIFY from the strip; true when handled.
     bool OnNotify(NMHDR* header);
     static void RelayoutAll();  // every strip of the program, after show_tabs changed
+    static void RelabelAll();   // every label cut again and every strip laid out, after the width options
     // A command of the width menu: 60..300 cuts labels to that width, 50 leaves them whole.
     void SetLabelWidth(int command);
     CCBrowserTabCtrl& Control() { return *control_.get(); }

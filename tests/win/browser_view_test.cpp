@@ -238,8 +238,9 @@ TEST_F(BrowserView, ShellChangeNoticesReachTheStatusWithTheirPaths) {
     ASSERT_TRUE(PumpUntil([&] { return !browser.StatusText().empty(); }));
     const std::wstring before = browser.StatusText();
     WriteBytes(files_ / L"new.txt", std::string(100000, 'n'));  // the total size shows it
-    if (ShellMissesOutsideChanges())
+    if (ShellMissesOutsideChanges()) {
         EXPECT_TRUE(PumpUntil([&] { return browser.StatusText() != before; })) << "the view follows the disk";
+    }
     Pump(600);
     const int runs = browser.StatusRuns();
     Pump(300);

@@ -268,3 +268,66 @@ TEST_F(Layouts, AddressBarModesFromTheMenuAreAppliedAndKept) {
 
 }  // namespace
 }  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+// The options dialog of the running program, once it shows.
+HWND OptionsDialogOf(HWND frame) {
+    for (int i = 0; i < 150; ++i, Sleep(20))
+        for (HWND d = FindWindowW(L"#32770", nullptr); d; d = FindWindowExW(nullptr, d, L"#32770", nullptr))
+            if (GetWindow(d, GW_OWNER) == frame && GetDlgItem(d, IDC_OPTIONS_PAGES)) return d;
+    return nullptr;
+}
+
+HWND ShownPage(HWND dialog) {
+    for (HWND p = FindWindowExW(dialog, nullptr, L"#32770", nullptr); p; p = FindWindowExW(dialog, p, L"#32770", nullptr))
+        if (IsWindowVisible(p)) return p;
+    return nullptr;
+}
+
+// A check box of the general page, found by its text: the page makes its controls itself.
+HWND CheckNamed(HWND page, const std::wstring& text) {
+    for (HWND c = FindWindowExW(page, nullptr, L"Button", nullptr); c; c = FindWindowExW(page, c, L"Button", nullptr)) {
+        wchar_t shown[200] = {};
+        GetWindowTextW(c, shown, 200);
+        if (text == shown) return c;
+    }
+    return nullptr;
+}
+
+TEST_F(Layouts, OptionsFromTheDialogChangeTheOpenWindowAtOnce) {
+    const std::wstring ini = folder_ / L"Tessel.ini";
+    WritePrivateProfileStringW(L"Start", L"m_lang_id", L"1", ini.c_str());
+    WritePrivateProfileStringW(L"Start", L"title_info", L"1", ini.c_str());
+    TesselProcess tessel(exe_, L"\"" + folder_.path() + L"\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    auto title = [&] {
+        wchar_t text[512] = {};
+        GetWindowTextW(tessel.Frame(), text, 512);
+        return std::wstring(text);
+    };
+    for (int i = 0; i < 100 && title() == L"Tessel"; ++i) Sleep(20);
+    EXPECT_EQ(title(), folder_.path() + L" - Tessel") << "the title names the folder in use";
+    HWND status = GetDlgItem(tessel.Frame(), 59393);
+    EXPECT_TRUE(IsWindowVisible(status));
+
+    PostMessageW(tessel.Frame(), WM_COMMAND, ID_OPTIONS_DIALOG, 0);
+    HWND dialog = OptionsDialogOf(tessel.Frame());
+    ASSERT_NE(dialog, nullptr);
+    HWND page = nullptr;
+    for (int i = 0; i < 100 && !page; ++i, Sleep(20)) page = ShownPage(dialog);
+    ASSERT_NE(page, nullptr);
+    SendMessageW(CheckNamed(page, L"Show the folder in use in the window title"), BM_CLICK, 0, 0);
+    SendMessageW(CheckNamed(page, L"Status bar"), BM_CLICK, 0, 0);
+    EXPECT_EQ(title(), L"Tessel");
+    EXPECT_FALSE(IsWindowVisible(status)) << "the status bar went at once";
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    for (int i = 0; i < 100 && IsWindow(dialog); ++i) Sleep(20);
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    EXPECT_EQ(GetPrivateProfileIntW(L"Start", L"title_info", -1, ini.c_str()), 0);
+    EXPECT_EQ(GetPrivateProfileIntW(L"Start", L"StatusBar", -1, ini.c_str()), 0);
+}
+
+}  // namespace
+}  // namespace tessel::testing

@@ -10,7 +10,10 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "features/program_colours_win.h"
+#include "core/general_options.h"
+#include "frame/option_pages.h"
 #include "frame/options_dialog_win.h"
+#include "frame/switches_page_win.h"
 #include "nav/quick_links.h"
 #include "res/resource.h"
 #include "view_host_win.h"
@@ -64,7 +67,7 @@ TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
         ListView_SetCheckState(list, 0, FALSE);
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-    COptionenWnd::Run(host.hwnd());
+    COptionenWnd::Run(host.hwnd(), COptionenWnd::PageIndex(IDS_PAGE_COLOURS));
     user.join();
     EXPECT_EQ(seen.rows, 12);
     EXPECT_FALSE(seen.recommendEnabled) << "no page for proposals is set";
@@ -111,7 +114,7 @@ TEST(OptionsDialog, ListsPageEditsProgramsQuickLinksAndAssociations) {
         seen.quickLinks = Settings().GetSection(kQuickLinksSection);
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-    COptionenWnd::Run(host.hwnd(), 1);
+    COptionenWnd::Run(host.hwnd(), COptionenWnd::PageIndex(IDS_PAGE_LISTS));
     user.join();
     EXPECT_EQ(seen.rows, 1);
     EXPECT_EQ(seen.nameField, L"Edit") << "the selected entry is shown for changing";
@@ -119,6 +122,131 @@ TEST(OptionsDialog, ListsPageEditsProgramsQuickLinksAndAssociations) {
     EXPECT_EQ(seen.afterUp, L"Dir=cmd.exe /k dir %curdir%\nEdit=notepad.exe %sel_file%\n");
     EXPECT_TRUE(QuickLinksDisabled(Settings(), kProgramsSection));
     EXPECT_EQ(seen.quickLinks, L"Temp=%appdata%\n");
+}
+
+
+// The window's side as the pages see it: it holds the tree mode and records what it was asked
+// to redo.
+struct RecordingHost : IOptionHost {
+    unsigned effects = 0;
+    bool HeldOption(std::wstring_view key, int& value) override {
+        if (key != L"tree_mode") return false;
+        value = 1;
+        return true;
+    }
+    void ApplyOptions(unsigned asked) override { effects |= asked; }
+};
+
+// Puts a settings section back as it was when the test is over.
+class SectionKeeper {
+public:
+    explicit SectionKeeper(const wchar_t* section) : section_(section), lines_(Settings().GetSection(section)) {}
+    ~SectionKeeper() { Settings().PutSection(section_, lines_); }
+
+private:
+    const wchar_t* section_;
+    std::wstring lines_;
+};
+
+int ControlOf(int pageTitle, const wchar_t* key) {
+    for (const OptionPageTable& page : OptionPageTables())
+        if (page.titleId == pageTitle)
+            for (size_t i = 0; i < page.items.size(); ++i)
+                if (std::wstring_view(page.items[i].key) == key) return CSwitchesPage::ControlId(i);
+    return -1;
+}
+
+void ShowPageNamed(HWND dialog, int title) {
+    HWND list = GetDlgItem(dialog, IDC_OPTIONS_PAGES);
+    SendMessageW(list, LB_SETCURSEL, COptionenWnd::PageIndex(title), 0);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_OPTIONS_PAGES, LBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
+}
+
+void Choose(HWND box, int value) {
+    const int count = static_cast<int>(SendMessageW(box, CB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i)
+        if (SendMessageW(box, CB_GETITEMDATA, i, 0) == value) SendMessageW(box, CB_SETCURSEL, i, 0);
+    SendMessageW(GetParent(box), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(box), CBN_SELCHANGE), reinterpret_cast<LPARAM>(box));
+}
+
+int Chosen(HWND box) {
+    const LRESULT at = SendMessageW(box, CB_GETCURSEL, 0, 0);
+    return at < 0 ? -99 : static_cast<int>(SendMessageW(box, CB_GETITEMDATA, at, 0));
+}
+
+TEST(OptionsDialog, SwitchPagesShowClampedValuesAndWriteEachChangeAtOnce) {
+    ViewHost host(1);
+    SectionKeeper keep(L"Start");
+    GeneralOptions& options = Options();
+    ScopedOption width(options.tab_max_width, 5000), tabs(options.show_tabs, 2), ask(options.close_ask, 0);
+    RecordingHost window;
+    struct Seen {
+        std::wstring widthShown;
+        int treeModeShown = -1, tabsAfter = -1, widthAfter = -1, askAfter = -1;
+        unsigned tabEffects = 0;
+    } seen;
+    std::jthread user([&] {
+        HWND dialog = nullptr;
+        HWND widthField = OptionsPageControl(dialog, ControlOf(62202, L"tab_max_width"));
+        if (!widthField) return;
+        HWND page = GetParent(widthField);
+        seen.widthShown = GetWindowTextString(widthField);
+        Choose(GetDlgItem(page, ControlOf(62202, L"show_tabs")), 1);
+        seen.tabsAfter = options.show_tabs;
+        SetWindowTextW(widthField, L"1");  // on the way to 150: not in range, not kept
+        SetWindowTextW(widthField, L"150");
+        seen.widthAfter = Settings().GetInt(L"Start", L"tab_max_width", -1);
+        seen.tabEffects = window.effects;
+        ShowPageNamed(dialog, 62203);
+        HWND treePage = nullptr;
+        for (int i = 0; i < 50 && !treePage; ++i, Sleep(20))
+            for (HWND p = FindWindowExW(dialog, nullptr, L"#32770", nullptr); p; p = FindWindowExW(dialog, p, L"#32770", nullptr))
+                if (IsWindowVisible(p) && GetDlgItem(p, ControlOf(62203, L"tree_mode"))) treePage = p;
+        if (treePage) seen.treeModeShown = Chosen(GetDlgItem(treePage, ControlOf(62203, L"tree_mode")));
+        ShowPageNamed(dialog, 62200);
+        for (HWND p = FindWindowExW(dialog, nullptr, L"#32770", nullptr); p; p = FindWindowExW(dialog, p, L"#32770", nullptr))
+            if (IsWindowVisible(p)) SendMessageW(GetDlgItem(p, ControlOf(62200, L"close_ask")), BM_CLICK, 0, 0);
+        seen.askAfter = Settings().GetInt(L"Start", L"close_ask", -1);
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    COptionenWnd::Run(host.hwnd(), COptionenWnd::PageIndex(62202), &window);
+    user.join();
+    EXPECT_EQ(seen.widthShown, L"300") << "a width beyond the range shows clamped";
+    EXPECT_EQ(seen.tabsAfter, 1);
+    EXPECT_EQ(Settings().GetInt(L"Start", L"show_tabs", -1), 1);
+    EXPECT_EQ(seen.widthAfter, 150);
+    EXPECT_EQ(options.tab_max_width, 150);
+    EXPECT_TRUE(seen.tabEffects & kEffectTabs) << "the strips are laid out again";
+    EXPECT_EQ(seen.treeModeShown, 1) << "the tree mode comes from the window";
+    EXPECT_EQ(seen.askAfter, 1);
+    EXPECT_EQ(options.close_ask, 1);
+}
+
+TEST(OptionsDialog, ALanguageChangeBuildsTheDialogAgainInThatLanguage) {
+    ViewHost host(1);
+    SectionKeeper keep(L"Start");
+    ScopedOption language(Options().m_lang_id, 1);
+    RecordingHost window;
+    std::wstring englishTitle = GetText(IDS_OPTIONS_TITLE), germanTitle;
+    HWND first = nullptr, second = nullptr;
+    std::jthread user([&] {
+        HWND box = OptionsPageControl(first, ControlOf(62200, L"m_lang_id"));
+        if (!box) return;
+        Choose(box, 0);
+        for (int i = 0; i < 200 && !second; ++i, Sleep(20))
+            for (HWND d = FindWindowW(L"#32770", nullptr); d; d = FindWindowExW(nullptr, d, L"#32770", nullptr))
+                if (d != first && IsWindowVisible(d) && GetDlgItem(d, IDC_OPTIONS_PAGES)) second = d;
+        if (!second) return;
+        germanTitle = GetWindowTextString(second);
+        PostMessageW(second, WM_COMMAND, IDOK, 0);
+    });
+    COptionenWnd::Run(host.hwnd(), 0, &window);
+    user.join();
+    ASSERT_NE(second, nullptr) << "the dialog opened again";
+    EXPECT_EQ(Settings().GetInt(L"Start", L"m_lang_id", -1), 0);
+    EXPECT_TRUE(window.effects & kEffectLanguage);
+    EXPECT_NE(germanTitle, englishTitle);
+    EXPECT_EQ(germanTitle, GetText(IDS_OPTIONS_TITLE));
 }
 
 }  // namespace
