@@ -4,7 +4,7 @@ if(MINGW)
   # One self-contained executable: no libstdc++, libgcc or winpthread DLLs beside it.
   add_link_options(-static -static-libgcc -static-libstdc++)
 endif()
-set(TESSEL_WIN_LIBS comctl32 shell32 ole32 oleaut32 uuid shlwapi advapi32 user32 gdi32 comdlg32 winmm uxtheme)
+set(TESSEL_WIN_LIBS comctl32 shell32 ole32 oleaut32 uuid shlwapi advapi32 user32 gdi32 comdlg32 winmm uxtheme windowscodecs)
 
 add_library(tessel_win STATIC ${TESSEL_WIN_SOURCES})
 target_include_directories(tessel_win PUBLIC ${CMAKE_SOURCE_DIR})

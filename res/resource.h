@@ -159,6 +159,8 @@
 // Browser view commands.
 #define ID_VIEW_FOLDER_SIZES 32844
 #define ID_VIEW_MAGNIFIER 32930  // the screen magnifier, on and off
+#define ID_VIEW_PREVIEW 32879  // the preview pane, on and off
+#define IDC_FRAME_PREVIEW 4567
 #define ID_VIEW_FILTER_TOGGLE 32862
 #define ID_VIEW_FOCUS_LIST 32863
 #define ID_VIEW_BACK 42860

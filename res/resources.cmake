@@ -14,6 +14,8 @@ tessel_generate(${TESSEL_CLICK} make_click.sh "Making the click sound")
 add_custom_target(tessel_generated_resources DEPENDS ${TESSEL_ICON} ${TESSEL_CLICK})
 
 set(TESSEL_RESOURCE_FILE ${CMAKE_SOURCE_DIR}/res/tessel.rc)
-set_source_files_properties(${TESSEL_RESOURCE_FILE} PROPERTIES OBJECT_DEPENDS
+# Source file properties hold per directory: every directory that builds the script sets them.
+set(TESSEL_RESOURCE_DEPENDS
   "${TESSEL_ICON};${TESSEL_CLICK};${CMAKE_SOURCE_DIR}/res/lang/DE.txt;${CMAKE_SOURCE_DIR}/res/lang/EN.txt;${CMAKE_SOURCE_DIR}/res/tessel.manifest;${CMAKE_SOURCE_DIR}/res/resource.h")
+set_source_files_properties(${TESSEL_RESOURCE_FILE} PROPERTIES OBJECT_DEPENDS "${TESSEL_RESOURCE_DEPENDS}")
 set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -I${CMAKE_BINARY_DIR}/res -I${CMAKE_SOURCE_DIR}/res")

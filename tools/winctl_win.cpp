@@ -7,6 +7,7 @@
 //   winctl post id                    posts it, for commands that open a dialog and wait
 //   winctl page n                     shows page n of the open options dialog, prints its geometry
 //   winctl dismiss                    closes the open options dialog
+//   winctl key vk                     presses the key `vk` in the window that has the focus
 #include <windows.h>
 #include <psapi.h>
 
@@ -44,6 +45,15 @@ int ShowOptionsPage(int index) {
     GetWindowRect(dialog, &r);  // for cropping a screenshot to the dialog
     std::printf("dialog: %ldx%ld+%ld+%ld\n", r.right - r.left, r.bottom - r.top, r.left, r.top);
     std::fflush(stdout);
+    return 0;
+}
+
+int PressKey(WPARAM key) {
+    HWND frame = AnyFrame();
+    GUITHREADINFO gui{sizeof(gui)};
+    if (!frame || !GetGUIThreadInfo(GetWindowThreadProcessId(frame, nullptr), &gui) || !gui.hwndFocus) return 1;
+    PostMessageW(gui.hwndFocus, WM_KEYDOWN, key, 1);
+    PostMessageW(gui.hwndFocus, WM_KEYUP, key, 0xC0000001);
     return 0;
 }
 
@@ -122,6 +132,7 @@ int wmain(int argc, wchar_t** argv) {
         HWND frame = AnyFrame();
         return frame && PostMessageW(frame, WM_COMMAND, static_cast<WPARAM>(_wtoi(argv[2])), 0) ? 0 : 1;
     }
+    if (verb == L"key" && argc > 2) return PressKey(static_cast<WPARAM>(_wtoi(argv[2])));
     if (verb == L"page" && argc > 2) return ShowOptionsPage(_wtoi(argv[2]));
     if (verb == L"dismiss") {
         HWND dialog = OptionsDialog(5000);

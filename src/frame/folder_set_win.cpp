@@ -118,6 +118,7 @@ FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool w
         set.layout.treeSplit[i] = panels_[i]->TreeSplit();
     }
     set.layout.focus = focusedView_;
+    set.layout.preview = PreviewShown() ? 1 : 0;
     set.withColumns = withColumns;
     set.withPlacement = withPlacement;
     WINDOWPLACEMENT placement{sizeof(placement)};
@@ -164,6 +165,7 @@ void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
     else Layout();
     if (set.layout.treeMode != treeMode_) SetTreeMode(set.layout.treeMode, false);
     FocusView(set.layout.focus);
+    if ((set.layout.preview != 0) != PreviewShown()) PostMessageW(hwnd(), WM_COMMAND, ID_VIEW_PREVIEW, 0);
 }
 
 }  // namespace tessel

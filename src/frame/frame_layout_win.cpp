@@ -16,6 +16,7 @@ namespace {
 RECT ToRect(const RectI& r) { return {r.left, r.top, r.right, r.bottom}; }
 bool IsEmpty(const RectI& r) { return r.right <= r.left || r.bottom <= r.top; }
 constexpr int kTreeBar = 3;  // after the three splitters of the views
+constexpr int kPreviewBar = 4;
 
 }  // namespace
 
@@ -98,6 +99,16 @@ void CMainFrame::Layout() {
         treeBar_ = {client.left + width, client.top, client.left + width + BarWidth(), client.bottom};
         client.left = treeBar_.right;
     }
+    // The preview takes the right part; its bar's position (VorschauPos) is where the views end.
+    previewBar_ = previewArea_ = {};
+    if (PreviewShown()) {
+        previewArea_ = {client.left, client.top, client.right, client.bottom};
+        const int views = PixelFromPosition(ValidPosition(layoutExtras_.previewPosition, 7500), client.right - client.left);
+        previewBar_ = {client.left + views, client.top, client.left + views + BarWidth(), client.bottom};
+        SetWindowPos(preview_->hwnd(), nullptr, previewBar_.right, client.top, std::max<int>(client.right - previewBar_.right, 0),
+                     client.bottom - client.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        client.right = previewBar_.left;
+    }
     arranged_ = Arrange(layout_, {client.left, client.top, client.right, client.bottom}, BarWidth());
     HDWP batch = BeginDeferWindowPos(kViewCount);
     for (int i = 0; i < kViewCount && batch; ++i) {
@@ -113,6 +124,8 @@ void CMainFrame::Layout() {
 int CMainFrame::BarAt(POINT point) const {
     RECT tree = ToRect(treeBar_);
     if (!IsEmpty(treeBar_) && PtInRect(&tree, point)) return kTreeBar;
+    RECT preview = ToRect(previewBar_);
+    if (!IsEmpty(previewBar_) && PtInRect(&preview, point)) return kPreviewBar;
     for (int i = 0; i < 3; ++i) {
         RECT bar = ToRect(arranged_.bars[i]);
         if (!IsEmpty(arranged_.bars[i]) && PtInRect(&bar, point)) return i;
@@ -126,7 +139,7 @@ bool CMainFrame::OnSetCursor() {
     ScreenToClient(hwnd(), &point);
     const int bar = draggedBar_ >= 0 ? draggedBar_ : BarAt(point);
     if (bar < 0) return false;
-    const bool vertical = bar == kTreeBar || layout_.splitters[bar].vertical;
+    const bool vertical = bar >= kTreeBar || layout_.splitters[bar].vertical;
     SetCursor(LoadCursorW(nullptr, vertical ? IDC_SIZEWE : IDC_SIZENS));
     return true;
 }
@@ -138,9 +151,11 @@ void CMainFrame::StartBarDrag(LPARAM lParam) {
 
 void CMainFrame::DragBar(LPARAM lParam) {
     if (draggedBar_ < 0) return;
-    if (draggedBar_ == kTreeBar) {
-        const int width = treeArea_.right - treeArea_.left;
-        layoutExtras_.treeSplitter = PositionFromPixel(GET_X_LPARAM(lParam) - treeArea_.left - BarWidth() / 2, width);
+    if (draggedBar_ >= kTreeBar) {  // the tree's and the preview's bars keep their place in ten-thousandths
+        const bool tree = draggedBar_ == kTreeBar;
+        const RectI& area = tree ? treeArea_ : previewArea_;
+        int& position = tree ? layoutExtras_.treeSplitter : layoutExtras_.previewPosition;
+        position = PositionFromPixel(GET_X_LPARAM(lParam) - area.left - BarWidth() / 2, area.right - area.left);
         Layout();
         UpdateWindow(hwnd());
         return;

@@ -35,6 +35,7 @@ void CMainFrame::ApplyOptions(unsigned effects) {
         Layout();
     }
     if (effects & kEffectTitle) ShowTitle();
+    if ((effects & kEffectPreview) && preview_) preview_->Reread();
     if (effects & kEffectColours) ApplyColours();  // refreshes the lists too
     else if (effects & kEffectViews) OnCommand(ID_VIEW_REFRESH_ALL, 0);
 }

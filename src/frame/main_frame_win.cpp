@@ -179,6 +179,7 @@ void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_VIEW_FOLDER_SIZES, FolderSizeOptions().fld_size ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_VIEW_MAGNIFIER, magnifier_ ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_VIEW_PREVIEW, PreviewShown() ? MF_CHECKED : MF_UNCHECKED);
     // Every start mode but the last state starts the same way: the menu offers the two.
     const bool lastState = Options().Als == kStartModeLastState;
     CheckMenuItem(menu, ID_START_MODE_LAST_STATE, lastState ? MF_CHECKED : MF_UNCHECKED);
@@ -278,6 +279,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_OPTIONS_DIALOG: COptionenWnd::Run(hwnd(), 0, this); break;
     case ID_COLOURS_CHANGED: ApplyColours(); break;
     case ID_VIEW_MAGNIFIER: ToggleMagnifier(); break;
+    case ID_VIEW_PREVIEW: TogglePreview(); break;
     case ID_VIEW_FOLDER_SIZES:
         FolderSizeOptions().fld_size = FolderSizeOptions().fld_size ? 0 : 1;
         Settings().PutInt(L"X-Size", L"fld_size", FolderSizeOptions().fld_size);
@@ -485,10 +487,17 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             focusedView_ = static_cast<int>(wParam) + 1;
         for (int i = 0; i < kViewCount; ++i) panels_[i]->SetInUse(i + 1 == focusedView_);
         ShowFocusedLocation();
+        UpdatePreview();
         return 0;
     }
     case kMsgViewNavigated:
-        if (static_cast<int>(wParam) + 1 == focusedView_) ShowFocusedLocation();
+        if (static_cast<int>(wParam) + 1 == focusedView_) {
+            ShowFocusedLocation();
+            UpdatePreview();
+        }
+        return 0;
+    case kMsgViewSelection:
+        if (static_cast<int>(wParam) + 1 == focusedView_) UpdatePreview();
         return 0;
     case WM_DESTROY:
         for (auto& panel : panels_)

@@ -9,6 +9,7 @@
 #include "frame/command_line.h"
 #include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
+#include "features/preview_pane_win.h"
 #include "frame/magnifier_win.h"
 #include "frame/options_dialog_win.h"
 #include "frame/view_layout.h"
@@ -69,6 +70,9 @@ private:
     LRESULT OnNotify(NMHDR* header);
     void OnCommand(int id, LPARAM lParam);
     void ToggleMagnifier();
+    void TogglePreview();
+    void UpdatePreview();  // the focused item of the T-View in use
+    bool PreviewShown() const { return preview_ && IsWindowVisible(preview_->hwnd()); }
     // Favorites: the menu's commands and entries, the folder, adding favorites.
     bool OnFavoritesCommand(int id);
     std::wstring EnsureFavoritesFolder();  // asks for one when none is known; "" when none
@@ -127,6 +131,9 @@ private:
     FavoritesMenu favorites_;
     std::unique_ptr<CAdressBar> addressBar_;
     std::unique_ptr<CMagnifier> magnifier_;  // while the screen magnifier is on
+    std::unique_ptr<CPreviewPane> preview_;  // made when first shown
+    RectI previewBar_{};  // the bar between the T-Views and the preview
+    RectI previewArea_{};
     void ApplyFrameAddressBar();
     void ShowFocusedLocation();  // the frame's address bar and tree follow the T-View in use
     RectI treeBar_{};  // the bar between the frame-wide tree and the T-Views

@@ -112,8 +112,15 @@ constexpr OptionItem kFolderSizes[] = {
     Check(L"nosort_fld_size", 62315, kEffectViews, L"X-Size"),
 };
 
+constexpr OptionChoice kPreviewSources[] = {{0, 62333}, {1, 62334}};
+
+constexpr OptionItem kPreview[] = {
+    Choice(L"media_preview_by", 62332, kPreviewSources, 0, kEffectPreview),
+};
+
 constexpr OptionPageTable kPages[] = {
-    {62200, kGeneral}, {62201, kFileViews}, {62202, kTabs}, {62203, kTree}, {62204, kBars}, {62205, kFolderSizes},
+    {62200, kGeneral}, {62201, kFileViews}, {62202, kTabs},    {62203, kTree},
+    {62204, kBars},    {62205, kFolderSizes}, {62331, kPreview},
 };
 
 }  // namespace

@@ -24,6 +24,7 @@ enum OptionEffect : unsigned {
     kEffectTitle = 128,      // the window title
     kEffectLanguage = 256,   // every menu and text is loaded again
     kEffectColours = 512,    // the colour switches of lists and trees
+    kEffectPreview = 1024,   // the preview reads its item again
 };
 
 struct OptionChoice {

@@ -123,8 +123,23 @@ STDMETHODIMP CMyShellBrowser::OnDefaultCommand(IShellView* view) {
 }
 
 STDMETHODIMP CMyShellBrowser::OnStateChange(IShellView*, ULONG change) {
-    if (change == CDBOSC_SELCHANGE) statusRequested_ = true;
+    if (change == CDBOSC_SELCHANGE) {
+        statusRequested_ = true;
+        owner_.SelectionChanged(*this);
+    }
     return S_OK;
+}
+
+win::UniquePidl CMyShellBrowser::FocusedItem() const {
+    win::ComPtr<IFolderView> folderView = view_.As<IFolderView>();
+    int focused = -1;
+    PITEMID_CHILD child = nullptr;
+    if (!folderView || !shown_ || FAILED(folderView->GetFocusedItem(&focused)) || focused < 0 ||
+        FAILED(folderView->Item(focused, &child)))
+        return {};
+    win::UniquePidl item(ILCombine(shown_.get(), child));
+    CoTaskMemFree(child);
+    return item;
 }
 
 void CMyShellBrowser::SetActive(bool active) {

@@ -51,6 +51,8 @@ public:
     virtual const ViewFilter* Filter() const { return nullptr; }
     // Back or forward became possible or impossible.
     virtual void HistoryChanged(CMyShellBrowser& browser) {}
+    // The selection or the focused item of its list changed.
+    virtual void SelectionChanged(CMyShellBrowser& browser) {}
 };
 
 inline constexpr UINT kMsgQueryBrowser = WM_USER + 7;
@@ -114,6 +116,7 @@ public:
 
     // State for the panel and the tests.
     PCIDLIST_ABSOLUTE Current() const { return shown_.get(); }
+    win::UniquePidl FocusedItem() const;  // absolute; null when no item has the focus
     std::wstring CurrentPath() const { return currentName_; }
     IShellView* View() const { return view_.get(); }
     HWND ViewWindow() const { return viewWindow_; }

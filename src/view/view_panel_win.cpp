@@ -305,6 +305,11 @@ void CPloder::BrowserFocused(CMyShellBrowser& browser) {
     PostMessageW(GetParent(hwnd()), kMsgViewFocused, viewIndex_, 0);
 }
 
+// Only the shown tab's list counts: the preview follows what the user sees.
+void CPloder::SelectionChanged(CMyShellBrowser& browser) {
+    if (&browser == Active()) PostMessageW(GetParent(hwnd()), kMsgViewSelection, viewIndex_, 0);
+}
+
 void CPloder::SetTreeState(int shown, int split) {
     showTree_ = shown;
     treeSplit_ = split;

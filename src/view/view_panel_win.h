@@ -79,6 +79,7 @@ public:
     win::UniqueMenu BuildBackgroundMenu(win::ComPtr<IContextMenu>& menu);
     void ToggleFilterBox() override;
     void BrowserFocused(CMyShellBrowser& browser) override;
+    void SelectionChanged(CMyShellBrowser& browser) override;
     ViewFilterState FilterState() const override {
         const FilterSwitches& s = filter_.switches;
         return {s.by_filter, s.by_negativ, s.by_dir_filter, s.show_filter};
@@ -165,5 +166,7 @@ std::unique_ptr<CAdressBar> MakeAddressBar(HWND parent, int id, std::function<CP
 inline constexpr UINT kMsgViewFocused = WM_APP + 0x130;
 // Sent to the main frame when a T-View's shown folder changed; wParam is its index from 0.
 inline constexpr UINT kMsgViewNavigated = WM_APP + 0x131;
+// Posted to the main frame when the selection of a T-View's shown list changed.
+inline constexpr UINT kMsgViewSelection = WM_APP + 0x132;
 
 }  // namespace tessel
