@@ -65,6 +65,7 @@ int* OptionField(GeneralOptions& options, std::wstring_view key) {
         if (key == entry.key) return &(options.*entry.field);
     if (key == L"tabs_hover_time") return &options.tabs_hover_time;
     if (key == L"tree_hover_time") return &options.tree_hover_time;
+    if (key == L"tray_icon") return &options.tray_icon;
     return nullptr;
 }
 
@@ -86,6 +87,7 @@ void LoadGeneralOptions(ISettingsStore& store, GeneralOptions& options) {
     for (const OptionEntry& entry : kOptions) ReadOption(lines, entry.key, options.*entry.field);
     ReadOption(lines, L"tabs_hover_time", options.tabs_hover_time);
     ReadOption(lines, L"tree_hover_time", options.tree_hover_time);
+    ReadOption(lines, L"tray_icon", options.tray_icon);
 }
 
 bool WriteOption(ISettingsStore& store, std::wstring_view key, int value) {

@@ -57,6 +57,7 @@ struct GeneralOptions {
     // Read in the same load although the table leaves them out: their defaults are their own.
     int tabs_hover_time = 0;
     int tree_hover_time = 0;
+    int tray_icon = 0;  // minimised, the window waits in the notification area
 };
 
 struct OptionEntry {

@@ -20,7 +20,6 @@ namespace tessel {
 namespace {
 
 constexpr UINT kTimerParked = 2000;
-constexpr UINT kTrayMessage = WM_APP + 1;
 constexpr int kFailedLoadParam = 100;  // lParam of the command posted when a named file fails
 
 bool IsExistingFile(const std::wstring& path) {
@@ -411,6 +410,8 @@ void CMainFrame::RequestClose() {
     }
     SaveStateOnce();
     ShowWindow(hwnd(), SW_HIDE);
+    parked_ = true;
+    inTray_ = false;
     tray_.Add(hwnd(), kTrayMessage, LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_TRAY)), GetText(128));
     SetTimer(hwnd(), kTimerParked, 1000, nullptr);
 }
@@ -428,6 +429,11 @@ void CMainFrame::CheckParkedDialogs() {
 }
 
 void CMainFrame::OnTrayIcon(LPARAM event) {
+    if (inTray_) {
+        if (event == WM_LBUTTONUP || event == WM_LBUTTONDBLCLK) RestoreFromTray();
+        else if (event == WM_RBUTTONUP || event == WM_CONTEXTMENU) ShowTrayMenu();
+        return;
+    }
     if ((event != WM_LBUTTONUP && event != WM_RBUTTONUP) || trayAsking_) return;  // one question at a time
     trayAsking_ = true;
     const int answer = MessageBoxW(nullptr, GetText(183).c_str(), GetText(60000).c_str(), MB_OKCANCEL | MB_ICONQUESTION);
@@ -446,6 +452,7 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE: return OnCreate() ? 0 : -1;
     case WM_SIZE:
+        if (wParam == SIZE_MINIMIZED && MinimiseToTray()) return 0;
         // Showing the window the first time sends the size it already has: laying the four
         // views out again would only repaint them.
         if (LOWORD(lParam) != laidOut_.cx || HIWORD(lParam) != laidOut_.cy) Layout();

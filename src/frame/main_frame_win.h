@@ -109,7 +109,11 @@ private:
     void SaveStateOnce();
     void FinishAndQuit();
     void CheckParkedDialogs();
+    static constexpr UINT kTrayMessage = WM_APP + 1;  // from the icon in the notification area
     void OnTrayIcon(LPARAM event);
+    bool MinimiseToTray();
+    void RestoreFromTray();
+    void ShowTrayMenu();
     void ForcedEnd();
 
     std::wstring commandLine_;
@@ -122,6 +126,8 @@ private:
     tessel::Arrangement arranged_;  // where the views and bars went at the last layout
     SIZE laidOut_{-1, -1};           // the client size of the last layout
     bool trayAsking_ = false;        // the tray icon's question is open
+    bool parked_ = false;            // hidden until the open dialogs are closed
+    bool inTray_ = false;            // minimised into the notification area
     std::array<RECT, 3> splitterAreas_{};  // the area each splitter divides, for dragging
     int draggedBar_ = -1;
     int designMode_ = 0;

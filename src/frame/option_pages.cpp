@@ -45,6 +45,7 @@ constexpr OptionItem kGeneral[] = {
     Check(L"close_ask", 32880),
     Check(L"title_info", 62212, kEffectTitle),
     Check(L"StatusBar", 59393, kEffectStatusBar),
+    Check(L"tray_icon", 62341),
     Check(L"audio_click", 62217),
     Check(L"mousewheel_focus", 62218),
     Check(L"i-net", 62222),

@@ -331,3 +331,38 @@ TEST_F(Layouts, OptionsFromTheDialogChangeTheOpenWindowAtOnce) {
 
 }  // namespace
 }  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+// The preview pane and its width travel with the last state, as with any folder set.
+TEST_F(Layouts, ThePreviewPaneComesBackWithTheLastState) {
+    auto pane = [](TesselProcess& tessel) { return GetDlgItem(tessel.Frame(), IDC_FRAME_PREVIEW); };
+    {
+        TesselProcess tessel(exe_, L"\"" + folder_.path() + L"\"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        EXPECT_EQ(pane(tessel), nullptr) << "nothing is made before it is asked for";
+        SendMessageW(tessel.Frame(), WM_COMMAND, ID_VIEW_PREVIEW, 0);
+        ASSERT_NE(pane(tessel), nullptr);
+        EXPECT_TRUE(IsWindowVisible(pane(tessel)));
+        RECT view, preview;
+        GetWindowRect(View(tessel, 1), &view);
+        GetWindowRect(pane(tessel), &preview);
+        EXPECT_LE(view.right, preview.left) << "the pane is beside the T-Views";
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    std::string state = ReadBytes(folder_ / L"start.tsf");
+    std::string narrow;
+    for (size_t i = 2; i < state.size(); i += 2) narrow += state[i];
+    EXPECT_NE(narrow.find("Vorschau=1"), std::string::npos);
+    EXPECT_NE(narrow.find("VorschauPos=7500"), std::string::npos);
+    TesselProcess again(exe_, L"");
+    ASSERT_TRUE(again.WaitForWindow());
+    HWND shown = nullptr;
+    for (int i = 0; i < 100 && !(shown && IsWindowVisible(shown)); ++i, Sleep(20)) shown = pane(again);
+    EXPECT_TRUE(shown && IsWindowVisible(shown)) << "the loaded state asked for the pane";
+    EXPECT_EQ(again.CloseAndWait(), 0);
+}
+
+}  // namespace
+}  // namespace tessel::testing

@@ -364,6 +364,38 @@ TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
     }
 }
 
+// With tray_icon a minimised window waits in the notification area; a click brings it back,
+// and its menu opens it, or ends Tessel.
+TEST_F(Startup, MinimisedIntoTheNotificationAreaAndBack) {
+    WritePrivateProfileStringW(L"Start", L"tray_icon", L"1", (folder_ / L"Tessel.ini").c_str());
+    WritePrivateProfileStringW(L"Start", L"m_lang_id", L"1", (folder_ / L"Tessel.ini").c_str());
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    ShowWindow(tessel.Frame(), SW_MINIMIZE);
+    for (int i = 0; i < 50 && IsWindowVisible(tessel.Frame()); ++i) Sleep(20);
+    EXPECT_FALSE(IsWindowVisible(tessel.Frame())) << "not in the taskbar while minimised";
+    PostMessageW(tessel.Frame(), WM_APP + 1, 0, WM_LBUTTONUP);
+    for (int i = 0; i < 50 && !IsWindowVisible(tessel.Frame()); ++i) Sleep(20);
+    EXPECT_TRUE(IsWindowVisible(tessel.Frame()));
+    EXPECT_FALSE(IsIconic(tessel.Frame())) << "restored, not just shown";
+
+    // The right button opens the icon's menu; the window stays out of sight meanwhile.
+    ShowWindow(tessel.Frame(), SW_MINIMIZE);
+    for (int i = 0; i < 50 && IsWindowVisible(tessel.Frame()); ++i) Sleep(20);
+    PostMessageW(tessel.Frame(), WM_APP + 1, 0, WM_RBUTTONUP);
+    HWND menu = nullptr;
+    for (int i = 0; i < 100 && !menu; ++i, Sleep(20)) {
+        menu = FindWindowW(L"#32768", nullptr);
+        if (menu && !IsWindowVisible(menu)) menu = nullptr;
+    }
+    EXPECT_NE(menu, nullptr) << "the icon's menu shows";
+    EXPECT_FALSE(IsWindowVisible(tessel.Frame()));
+    SendMessageW(tessel.Frame(), WM_CANCELMODE, 0, 0);  // the menu closes with nothing chosen
+    for (int i = 0; i < 50 && menu && IsWindowVisible(menu); ++i) Sleep(20);
+    EXPECT_FALSE(IsWindowVisible(tessel.Frame())) << "closing the menu leaves the window where it was";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
 // "New window" hands the arrangement to a further instance through "start2.tsf".
 TEST_F(Startup, AFurtherInstanceOpensWithTheSameFolders) {
     TempFolder a, b;

@@ -29,7 +29,7 @@ TEST(OptionPages, EveryOptionIsOnExactlyOnePage) {
     const OptionEntry* table = OptionTable(count);
     std::vector<std::wstring> wanted;
     for (size_t i = 0; i < count; ++i) wanted.push_back(std::wstring(L"Start/") + table[i].key);
-    for (const wchar_t* key : {L"tabs_hover_time", L"tree_hover_time", L"tree_mode", L"designe_mode"})
+    for (const wchar_t* key : {L"tabs_hover_time", L"tree_hover_time", L"tray_icon", L"tree_mode", L"designe_mode"})
         wanted.push_back(std::wstring(L"Start/") + key);
     for (const wchar_t* key : {L"fld_size", L"type", L"ths_sep", L"dig", L"precent", L"ff_cnt", L"block_no_focus",
                                L"nosort_fld_size"})
