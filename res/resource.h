@@ -104,6 +104,16 @@
 #define IDD_INPUT_NAME 105
 #define IDD_SEARCH_FAVORITE 106
 #define IDD_PAGE_LISTS 107
+#define IDD_TRANSLATION 109
+#define IDC_TR_LANGUAGE 1300
+#define IDC_TR_SEARCH 1301
+#define IDC_TR_MISSING 1302
+#define IDC_TR_LIST 1303
+#define IDC_TR_TEXT 1304
+#define IDC_TR_SET 1305
+#define IDC_TR_STATUS 1306
+#define IDC_TR_SAVE 1307
+#define ID_TRANSLATION_EDITOR 32931  // the translation editor
 #define IDD_PAGE_SWITCHES 108  // its controls are made from the page's table
 #define IDS_PAGE_LISTS 62100
 #define IDC_LISTS_WHICH 1130

@@ -7,6 +7,7 @@
 //   winctl post id                    posts it, for commands that open a dialog and wait
 //   winctl page n                     shows page n of the open options dialog, prints its geometry
 //   winctl dismiss                    closes the open options dialog
+//   winctl dialog                     prints the geometry of the dialog the main window shows
 //   winctl key vk                     presses the key `vk` in the window that has the focus
 #include <windows.h>
 #include <psapi.h>
@@ -46,6 +47,19 @@ int ShowOptionsPage(int index) {
     std::printf("dialog: %ldx%ld+%ld+%ld\n", r.right - r.left, r.bottom - r.top, r.left, r.top);
     std::fflush(stdout);
     return 0;
+}
+
+int PrintDialog() {
+    HWND frame = AnyFrame();
+    for (DWORD start = GetTickCount(); frame && GetTickCount() - start < 5000; Sleep(20))
+        for (HWND d = FindWindowW(L"#32770", nullptr); d; d = FindWindowExW(nullptr, d, L"#32770", nullptr))
+            if (IsWindowVisible(d) && GetWindow(d, GW_OWNER) == frame) {
+                RECT r{};
+                GetWindowRect(d, &r);
+                std::printf("dialog: %ldx%ld+%ld+%ld\n", r.right - r.left, r.bottom - r.top, r.left, r.top);
+                return 0;
+            }
+    return 1;
 }
 
 int PressKey(WPARAM key) {
@@ -132,6 +146,7 @@ int wmain(int argc, wchar_t** argv) {
         HWND frame = AnyFrame();
         return frame && PostMessageW(frame, WM_COMMAND, static_cast<WPARAM>(_wtoi(argv[2])), 0) ? 0 : 1;
     }
+    if (verb == L"dialog") return PrintDialog();
     if (verb == L"key" && argc > 2) return PressKey(static_cast<WPARAM>(_wtoi(argv[2])));
     if (verb == L"page" && argc > 2) return ShowOptionsPage(_wtoi(argv[2]));
     if (verb == L"dismiss") {

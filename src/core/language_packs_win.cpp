@@ -1,10 +1,58 @@
 #include "core/language_packs_win.h"
 
 #include "core/general_options.h"
+#include "core/translation.h"
+#include "win/text_file_win.h"
 
 namespace tessel {
 
+namespace {
+
+constexpr size_t kLargestLanguageFile = 4 << 20;
+constexpr int kLanguageNameId = 62226;  // each pack names its own language
+constexpr int kLanguageCount = 19;
+
+}  // namespace
+
+std::wstring LanguageFilePath(std::wstring_view code) {
+    wchar_t exe[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, exe, MAX_PATH);
+    std::wstring path(exe);
+    path.erase(path.find_last_of(L'\\') + 1);
+    return path + L"Tessel-" + std::wstring(code) + L".lng";
+}
+
+std::wstring ReadLanguageFile(std::wstring_view code) {
+    std::string bytes;
+    if (!win::ReadFileBytes(LanguageFilePath(code), kLargestLanguageFile, bytes)) return L"";
+    return DecodeLanguageFile(bytes);
+}
+
 std::wstring ResourceLanguagePacks::LoadText(std::wstring_view code) {
+    std::wstring file = ReadLanguageFile(code);
+    std::wstring packed = BuiltInText(code);
+    if (!packed.empty() && packed.front() == 0xFEFF) packed.erase(0, 1);  // the mark would spoil the first line
+    if (file.empty()) return packed;
+    return file + L"\n" + packed;  // the first line of an id counts: the file's
+}
+
+std::vector<AvailableLanguage> AvailableLanguages() {
+    static ResourceLanguagePacks packs(GetModuleHandleW(nullptr));
+    std::vector<AvailableLanguage> languages;
+    for (int id = 0; id < kLanguageCount; ++id) {
+        const std::wstring code = LanguageCode(id);
+        if (id == 4 || (code == L"EN" && id != 1)) continue;  // numbers that only borrow English
+        const std::wstring text = packs.LoadText(code);
+        if (text.empty()) continue;
+        StringTable table;
+        table.Parse(text);
+        const std::wstring* name = table.Find(kLanguageNameId);
+        languages.push_back({id, name && !name->empty() ? *name : code});
+    }
+    return languages;
+}
+
+std::wstring ResourceLanguagePacks::BuiltInText(std::wstring_view code) const {
     std::wstring name = std::wstring(code) + L"-STRING";
     HRSRC info = FindResourceW(module_, name.c_str(), L"IMG");
     if (!info) return {};

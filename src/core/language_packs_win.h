@@ -4,19 +4,34 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include "core/string_table.h"
 
 namespace tessel {
 
+// A language file beside the program ("Tessel-<code>.lng") comes first; the pack the program
+// carries fills what it leaves out. So a translator's file works without a new build, and a
+// language without a pack of its own works from its file alone.
 class ResourceLanguagePacks : public ILanguagePacks {
 public:
     explicit ResourceLanguagePacks(HMODULE module) : module_(module) {}
     std::wstring LoadText(std::wstring_view code) override;
+    std::wstring BuiltInText(std::wstring_view code) const;
 
 private:
     HMODULE module_;
 };
+
+std::wstring LanguageFilePath(std::wstring_view code);  // beside the program
+std::wstring ReadLanguageFile(std::wstring_view code);  // "" when there is none
+
+struct AvailableLanguage {
+    int id = 0;            // the value of m_lang_id
+    std::wstring name;     // in its own words (string 62226 of its pack), else its code
+};
+// The languages with a pack in the program or a file beside it, by number.
+std::vector<AvailableLanguage> AvailableLanguages();
 
 // The process-wide texts, in the language chosen by the general options.
 Strings& Texts();

@@ -12,6 +12,8 @@ public:
     void Parse(std::wstring_view packText);  // replaces the contents
     const std::wstring* Find(int id) const;
     size_t size() const { return ids_.size(); }
+    int IdAt(size_t index) const { return ids_[index]; }
+    const std::wstring& TextAt(size_t index) const { return texts_[index]; }
     void clear() { ids_.clear(); texts_.clear(); }
 
 private:
@@ -36,6 +38,8 @@ public:
 
     std::wstring GetText(int id);
     void SetShowMissingIds(bool show) { showMissing_ = show; }
+    bool ShowsMissingIds() const { return showMissing_; }
+    void Invalidate() { loaded_ = englishLoaded_ = false; }  // the packs changed: read them again
 
 private:
     void Reload();

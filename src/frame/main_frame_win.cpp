@@ -12,6 +12,7 @@
 #include "features/program_colours_win.h"
 #include "frame/help_win.h"
 #include "frame/options_dialog_win.h"
+#include "frame/translation_editor_win.h"
 #include "win/start_trace_win.h"
 #include "res/resource.h"
 #include "win/shell_item_win.h"
@@ -276,6 +277,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         if (lParam == kFailedLoadParam) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
         break;
     case ID_OPTIONS_DIALOG: COptionenWnd::Run(hwnd(), 0, this); break;
+    case ID_TRANSLATION_EDITOR: CTranslationEditor(this).Run(hwnd()); break;
     case ID_COLOURS_CHANGED: ApplyColours(); break;
     case ID_VIEW_MAGNIFIER: ToggleMagnifier(); break;
     case ID_VIEW_PREVIEW: TogglePreview(); break;

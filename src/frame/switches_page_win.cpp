@@ -27,6 +27,22 @@ int* LiveVariable(const OptionItem& item) {
 
 std::wstring ItemText(int id) { return PlainMenuText(GetText(id)); }
 
+struct ShownChoice {
+    int value;
+    std::wstring text;
+};
+
+// The languages come from the packs in the program and the files beside it; the rest from the table.
+std::vector<ShownChoice> ChoicesOf(const OptionItem& item) {
+    std::vector<ShownChoice> choices;
+    if (std::wstring_view(item.key) == L"m_lang_id") {
+        for (const AvailableLanguage& language : AvailableLanguages()) choices.push_back({language.id, language.name});
+        return choices;
+    }
+    for (const OptionChoice& choice : item.choices) choices.push_back({choice.value, ItemText(choice.textId)});
+    return choices;
+}
+
 }  // namespace
 
 int CSwitchesPage::DialogId() const { return IDD_PAGE_SWITCHES; }
@@ -73,11 +89,15 @@ void CSwitchesPage::MakeLabelled(size_t index, int top) {
     }
     HWND box = MakeControl(WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
                            {kFieldLeft, top, kPageWidth, top + 120}, id, L"");
-    for (const OptionChoice& choice : item.choices) {
-        const int at = static_cast<int>(SendMessageW(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ItemText(choice.textId).c_str())));
+    const std::vector<ShownChoice> choices = ChoicesOf(item);
+    int selected = -1, fallback = 0;
+    for (const ShownChoice& choice : choices) {
+        const int at = static_cast<int>(SendMessageW(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.text.c_str())));
         SendMessageW(box, CB_SETITEMDATA, at, choice.value);
+        if (choice.value == Stored(item)) selected = at;
+        if (choice.value == shown) fallback = at;
     }
-    SendMessageW(box, CB_SETCURSEL, ChoiceIndex(item, shown), 0);
+    SendMessageW(box, CB_SETCURSEL, selected >= 0 ? selected : fallback, 0);
 }
 
 void CSwitchesPage::MakeCheck(size_t index, RECT units) {

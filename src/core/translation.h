@@ -1,0 +1,48 @@
+#pragma once
+// The translation editor's model: every string id with its English text and its text in the
+// language being edited, searching, changing, and the language file written back in the pack
+// format (which the program loads in place of its own pack).
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/string_table.h"
+
+namespace tessel {
+
+struct TranslationRow {
+    int id = 0;
+    std::wstring english;
+    std::wstring text;  // empty: not translated
+};
+
+class TranslationDraft {
+public:
+    // Every id of either table once, in ascending order; the first entry of an id counts.
+    TranslationDraft(const StringTable& english, const StringTable& language);
+
+    const std::vector<TranslationRow>& Rows() const { return rows_; }
+    // The rows whose id, English text or translation holds `query` (case not minded); all for "".
+    std::vector<size_t> Find(std::wstring_view query) const;
+    void Set(size_t row, std::wstring text);
+    bool Changed() const { return changed_; }
+    size_t Translated() const;
+    // The pack text of every translated row after the header line: lines "id=text" with TAB, CR
+    // and LF escaped (the file's byte-order mark is the writer's).
+    std::wstring PackText(std::wstring_view header) const;
+    void MarkSaved() { changed_ = false; }
+
+private:
+    std::vector<TranslationRow> rows_;
+    bool changed_ = false;
+};
+
+// A text shown on one line in the editor: TAB, CR and LF as "\t", "\r" and "\n", as in packs.
+std::wstring EscapedText(std::wstring_view text);
+std::wstring UnescapedText(std::wstring_view text);
+
+// The bytes of a language file as text: UTF-16 after its byte-order mark (either order), else
+// UTF-8 (with or without its mark), else Latin-1.
+std::wstring DecodeLanguageFile(std::string_view bytes);
+
+}  // namespace tessel
