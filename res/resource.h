@@ -114,6 +114,8 @@
 #define IDC_TR_STATUS 1306
 #define IDC_TR_SAVE 1307
 #define ID_TRANSLATION_EDITOR 32931  // the translation editor
+#define ID_CUSTOMISE_VIEW_TOOLBAR 32932
+#define ID_CUSTOMISE_LAYOUT_TOOLBAR 32933
 #define IDD_PAGE_SWITCHES 108  // its controls are made from the page's table
 #define IDS_PAGE_LISTS 62100
 #define IDC_LISTS_WHICH 1130

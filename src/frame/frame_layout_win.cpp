@@ -176,6 +176,7 @@ void CMainFrame::EndBarDrag() {
 
 LRESULT CMainFrame::OnNotify(NMHDR* header) {
     if (LRESULT result = 0; frameTree_.OnNotify(header, result)) return result;
+    if (LRESULT result = 0; layoutToolbar_.OnNotify(header, result)) return result;
     if (header->code == TTN_GETDISPINFOW && IsLayoutCommand(static_cast<int>(header->idFrom))) {
         static std::wstring tip;  // read by the tooltip right after this message
         tip = GetText(static_cast<int>(header->idFrom));

@@ -63,6 +63,7 @@ bool LayoutToolbar::Create(HWND frame, int controlId) {
     }
     SendMessageW(bar_, TB_ADDBUTTONSW, kLayoutCount, reinterpret_cast<LPARAM>(buttons));
     SendMessageW(bar_, TB_AUTOSIZE, 0, 0);
+    choice_.Attach(bar_, L"Layout", [](HWND bar) { PostMessageW(GetParent(bar), WM_SIZE, 0, 0); });
     return true;
 }
 

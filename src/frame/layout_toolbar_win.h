@@ -4,6 +4,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include "view/toolbar_choice_win.h"
+
 namespace tessel {
 
 class LayoutToolbar {
@@ -17,10 +19,14 @@ public:
     void Check(int layout);  // the current layout's button shows pressed
     HWND hwnd() const { return bar_; }
     int Height() const;
+    // The buttons as the user arranges them (kept as "Toolbars" / "Layout").
+    void Customise() { choice_.Customise(); }
+    bool OnNotify(NMHDR* header, LRESULT& result) { return choice_.OnNotify(header, result); }
 
 private:
     HWND bar_ = nullptr;
     HIMAGELIST images_ = nullptr;
+    ToolbarChoice choice_;
 };
 
 }  // namespace tessel

@@ -281,6 +281,8 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_COLOURS_CHANGED: ApplyColours(); break;
     case ID_VIEW_MAGNIFIER: ToggleMagnifier(); break;
     case ID_VIEW_PREVIEW: TogglePreview(); break;
+    case ID_CUSTOMISE_VIEW_TOOLBAR: Panel(focusedView_).Toolbars().Customise(); break;
+    case ID_CUSTOMISE_LAYOUT_TOOLBAR: layoutToolbar_.Customise(); break;
     case ID_VIEW_FOLDER_SIZES:
         FolderSizeOptions().fld_size = FolderSizeOptions().fld_size ? 0 : 1;
         Settings().PutInt(L"X-Size", L"fld_size", FolderSizeOptions().fld_size);

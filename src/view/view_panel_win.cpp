@@ -391,6 +391,7 @@ void CPloder::Layout() {
 LRESULT CPloder::OnNotify(NMHDR* header) {
     if (tabs_ && tabs_->OnNotify(header)) return 0;
     if (LRESULT result = 0; folderTree_.OnNotify(header, result)) return result;
+    if (LRESULT result = 0; toolbars_.OnNotify(header, result)) return result;
     if (header->code == TTN_GETDISPINFOW) {
         auto* info = reinterpret_cast<NMTTDISPINFOW*>(header);
         static std::wstring tip;  // the tooltip reads it right after this message

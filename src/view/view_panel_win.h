@@ -69,6 +69,7 @@ public:
     // The tree state a folder set gives: shown or not, and its width.
     void SetTreeState(int shown, int split);
     const ViewToolbars& Toolbars() const { return toolbars_; }
+    ViewToolbars& Toolbars() { return toolbars_; }
 
     // IBrowserOwner
     void BrowserNavigated(CMyShellBrowser& browser) override;

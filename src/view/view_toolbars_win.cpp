@@ -112,6 +112,8 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
     }
     for (HWND bar : bars_)
         if (bar) SendMessageW(bar, TB_AUTOSIZE, 0, 0);
+    // The panel places the bars again when the user changed the buttons.
+    choice_.Attach(bars_[0], L"View", [](HWND bar) { PostMessageW(GetParent(GetParent(bar)), WM_SIZE, 0, 0); });
 }
 
 void ViewToolbars::ShowUserMenus(bool quickLinks, bool programs) {

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+#include "view/toolbar_choice_win.h"
+
 namespace tessel {
 
 // Command ids of a toolbar resource; 0 stands for a separator.
@@ -30,6 +32,9 @@ public:
     HWND View() const { return bars_[0]; }
     HWND Extra() const { return bars_[1]; }
     HWND Modes() const { return bars_[2]; }
+    // The main toolbar's buttons as the user arranges them (kept as "Toolbars" / "View").
+    void Customise() { choice_.Customise(); }
+    bool OnNotify(NMHDR* header, LRESULT& result) { return choice_.OnNotify(header, result); }
 
 private:
     void Make(HWND panel, HWND statusBar, int index, int resourceId);  // bars_[index], images_[index]
@@ -41,6 +46,7 @@ private:
     bool mainHidden_ = false;  // buttons of the main toolbar are hidden for want of room
     bool quickLinksWanted_ = true;  // the user's lists are not switched off
     bool programsWanted_ = true;
+    ToolbarChoice choice_;
 };
 
 }  // namespace tessel
