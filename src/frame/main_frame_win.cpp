@@ -9,6 +9,7 @@
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
 #include "features/list_export_win.h"
+#include "features/list_print_win.h"
 #include "features/program_colours_win.h"
 #include "frame/help_win.h"
 #include "frame/options_dialog_win.h"
@@ -271,6 +272,10 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
     case ID_FILE_SAVE_SET: SaveFolderSetDialog(); break;
     case ID_FILE_EXPORT_LIST:
         if (CMyShellBrowser* browser = panels_[focusedView_ - 1]->Active()) ExportWithDialog(hwnd(), browser->ListTable());
+        break;
+    case ID_FILE_PRINT_PREVIEW:
+        if (CMyShellBrowser* browser = panels_[focusedView_ - 1]->Active(); browser && browser->Current())
+            CPrintPreview::Run(hwnd(), browser->ListTable(), win::LocationNameOf(browser->Current()));
         break;
     case ID_VIEW_REFRESH_ALL:
         for (auto& panel : panels_) panel->Refresh();

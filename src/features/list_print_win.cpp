@@ -1,0 +1,281 @@
+#include "features/list_print_win.h"
+
+#include <cderr.h>
+#include <commdlg.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "core/fill_in.h"
+#include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
+#include "features/list_print.h"
+#include "res/resource.h"
+#include "win/handles_win.h"
+
+namespace tessel {
+namespace {
+
+constexpr wchar_t kSection[] = L"Druck";
+constexpr int kFontHeight = 318;                // 9 points in 0.01 mm
+constexpr int kLineHeight = 420;
+constexpr double kUnitsPerPixel = 2540.0 / 96;  // a list column's pixel on paper
+constexpr int kPageText = 62373, kNoPrinterText = 62377, kPrintFailedText = 62378;
+
+win::UniqueFont PageFont(bool bold) {
+    LOGFONTW font{};
+    font.lfHeight = -kFontHeight;
+    font.lfWeight = bold ? FW_BOLD : FW_NORMAL;
+    lstrcpynW(font.lfFaceName, L"Arial", LF_FACESIZE);
+    return win::UniqueFont(CreateFontIndirectW(&font));
+}
+
+void Cell(HDC dc, const std::wstring& text, int left, int top, int width) {
+    RECT box{left, top, left + width - 60, top + kLineHeight};  // a little air between columns
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box,
+              DT_LEFT | DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | DT_NOCLIP);
+}
+
+std::wstring Today() {
+    wchar_t date[80] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, date, 80);
+    return date;
+}
+
+}  // namespace
+
+PaperSetup LoadPaperSetup() {
+    PaperSetup setup;
+    const std::wstring paper = Settings().GetString(kSection, L"Papier", L"");
+    int width = 0, height = 0;
+    if (swscanf(paper.c_str(), L"%d;%d", &width, &height) == 2 && width >= 5000 && height >= 5000 && width <= 200000 &&
+        height <= 200000) {
+        setup.width = width;
+        setup.height = height;
+    }
+    RectI margins{};
+    if (Settings().GetRect(kSection, L"Raender", margins) && margins.left >= 0 && margins.top >= 0 && margins.right >= 0 &&
+        margins.bottom >= 0 && margins.left + margins.right < std::min(setup.width, setup.height) / 2 &&
+        margins.top + margins.bottom < std::min(setup.width, setup.height) / 2)
+        setup.margins = {margins.left, margins.top, margins.right, margins.bottom};
+    setup.landscape = Settings().GetInt(kSection, L"Quer", 0) != 0;
+    return setup;
+}
+
+void SavePaperSetup(const PaperSetup& setup) {
+    Settings().PutString(kSection, L"Papier", std::to_wstring(setup.width) + L";" + std::to_wstring(setup.height));
+    Settings().PutString(kSection, L"Raender",
+                         FormatRect({setup.margins.left, setup.margins.top, setup.margins.right, setup.margins.bottom}));
+    Settings().PutInt(kSection, L"Quer", setup.landscape ? 1 : 0);
+}
+
+namespace {
+
+RECT PrintableArea(const PaperSetup& setup) {
+    return {setup.margins.left, setup.margins.top, setup.PageWidth() - setup.margins.right,
+            setup.PageHeight() - setup.margins.bottom};
+}
+
+PrintLayout LayOut(const ExportTable& table, const PaperSetup& setup) {
+    const RECT area = PrintableArea(setup);
+    return LayOutListPrint(table, area.right - area.left, area.bottom - area.top, kLineHeight, kUnitsPerPixel);
+}
+
+}  // namespace
+
+int ListPageCount(const ExportTable& table, const PaperSetup& setup) { return LayOut(table, setup).pageCount; }
+
+int DrawListPage(HDC dc, const ExportTable& table, const std::wstring& title, const PaperSetup& setup, int page) {
+    const RECT area = PrintableArea(setup);
+    const PrintLayout layout = LayOut(table, setup);
+    win::UniqueFont normal = PageFont(false), bold = PageFont(true);
+    HGDIOBJ old = SelectObject(dc, bold.get());
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, RGB(0, 0, 0));
+    int y = area.top;
+    Cell(dc, title, area.left, y, area.right - area.left);
+    y += kLineHeight;
+    for (const PrintColumn& column : layout.columns) Cell(dc, table.captions[column.source], area.left + column.left, y, column.width);
+    y += kLineHeight;
+    MoveToEx(dc, area.left, y - 60, nullptr);
+    LineTo(dc, area.right, y - 60);
+    SelectObject(dc, normal.get());
+    const PageRows rows = RowsOfPage(layout, table.rows.size(), page);
+    for (size_t r = rows.first; r < rows.first + rows.count; ++r, y += kLineHeight)
+        for (const PrintColumn& column : layout.columns)
+            if (column.source < table.rows[r].size())
+                Cell(dc, table.rows[r][column.source], area.left + column.left, y, column.width);
+    const std::wstring number = FillIn(GetText(kPageText), {std::to_wstring(page + 1), std::to_wstring(layout.pageCount)});
+    RECT footer{area.left, area.bottom - kLineHeight, area.right, area.bottom};
+    DrawTextW(dc, number.c_str(), -1, &footer, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
+    const std::wstring date = Today();
+    DrawTextW(dc, date.c_str(), -1, &footer, DT_RIGHT | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
+    SelectObject(dc, old);
+    return layout.pageCount;
+}
+
+namespace {
+
+struct PreviewState {
+    ExportTable table;
+    std::wstring title;
+    PaperSetup setup = LoadPaperSetup();
+    int page = 0;
+    int pages = 1;
+};
+
+// The page as large as the area allows, white on grey with its proportions kept.
+void PaintPreview(const DRAWITEMSTRUCT& item, PreviewState& state) {
+    HDC dc = item.hDC;
+    const RECT& box = item.rcItem;
+    win::UniqueBrush grey(CreateSolidBrush(RGB(128, 128, 128)));
+    FillRect(dc, &box, grey.get());
+    const int roomW = box.right - box.left - 16, roomH = box.bottom - box.top - 16;
+    if (roomW <= 0 || roomH <= 0) return;
+    const double scale = std::min(static_cast<double>(roomW) / state.setup.PageWidth(),
+                                  static_cast<double>(roomH) / state.setup.PageHeight());
+    const int w = static_cast<int>(state.setup.PageWidth() * scale), h = static_cast<int>(state.setup.PageHeight() * scale);
+    RECT paper{box.left + (box.right - box.left - w) / 2, box.top + (box.bottom - box.top - h) / 2, 0, 0};
+    paper.right = paper.left + w;
+    paper.bottom = paper.top + h;
+    FillRect(dc, &paper, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    const int saved = SaveDC(dc);
+    IntersectClipRect(dc, paper.left, paper.top, paper.right, paper.bottom);
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowExtEx(dc, state.setup.PageWidth(), state.setup.PageHeight(), nullptr);
+    SetViewportExtEx(dc, w, h, nullptr);
+    SetViewportOrgEx(dc, paper.left, paper.top, nullptr);
+    DrawListPage(dc, state.table, state.title, state.setup, state.page);
+    RestoreDC(dc, saved);
+}
+
+void ShowPageNumber(HWND dialog, const PreviewState& state) {
+    const std::wstring text = FillIn(GetText(kPageText), {std::to_wstring(state.page + 1), std::to_wstring(state.pages)});
+    SetDlgItemTextW(dialog, IDC_PP_PAGE, text.c_str());
+    EnableWindow(GetDlgItem(dialog, IDC_PP_PREVIOUS), state.page > 0);
+    EnableWindow(GetDlgItem(dialog, IDC_PP_NEXT), state.page + 1 < state.pages);
+}
+
+void Repaint(HWND dialog, PreviewState& state) {
+    state.pages = ListPageCount(state.table, state.setup);  // the paper may have changed
+    state.page = std::clamp(state.page, 0, state.pages - 1);
+    InvalidateRect(GetDlgItem(dialog, IDC_PP_AREA), nullptr, FALSE);
+    ShowPageNumber(dialog, state);
+}
+
+// The system tells of a missing printer itself; other failures get our word.
+void NoPrinter(HWND dialog) {
+    const DWORD error = CommDlgExtendedError();
+    if (error == 0 || error == PDERR_NODEFAULTPRN || error == PDERR_NODEVICES) return;
+    MessageBoxW(dialog, GetText(kNoPrinterText).c_str(), GetText(60000).c_str(), MB_ICONINFORMATION);
+}
+
+void PageSetup(HWND dialog, PreviewState& state) {
+    PAGESETUPDLGW page{sizeof(page)};
+    page.hwndOwner = dialog;
+    page.Flags = PSD_INHUNDREDTHSOFMILLIMETERS | PSD_MARGINS;
+    page.rtMargin = state.setup.margins;
+    if (!PageSetupDlgW(&page)) {
+        NoPrinter(dialog);
+        return;
+    }
+    const bool landscape = page.ptPaperSize.x > page.ptPaperSize.y;
+    state.setup.width = landscape ? page.ptPaperSize.y : page.ptPaperSize.x;
+    state.setup.height = landscape ? page.ptPaperSize.x : page.ptPaperSize.y;
+    state.setup.landscape = landscape;
+    state.setup.margins = page.rtMargin;
+    if (page.hDevMode) GlobalFree(page.hDevMode);
+    if (page.hDevNames) GlobalFree(page.hDevNames);
+    SavePaperSetup(state.setup);
+    CheckDlgButton(dialog, IDC_PP_LANDSCAPE, landscape ? BST_CHECKED : BST_UNCHECKED);
+    Repaint(dialog, state);
+}
+
+void Print(HWND dialog, const PreviewState& state) {
+    PRINTDLGW print{sizeof(print)};
+    print.hwndOwner = dialog;
+    print.Flags = PD_RETURNDC | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE;
+    print.nMinPage = 1;
+    print.nMaxPage = static_cast<WORD>(std::min(state.pages, 0xFFFF));
+    print.nFromPage = 1;
+    print.nToPage = print.nMaxPage;
+    const BOOL chosen = PrintDlgW(&print);
+    if (print.hDevMode) GlobalFree(print.hDevMode);
+    if (print.hDevNames) GlobalFree(print.hDevNames);
+    if (!chosen) {
+        NoPrinter(dialog);
+        return;
+    }
+    HDC dc = print.hDC;
+    const int first = (print.Flags & PD_PAGENUMS) ? print.nFromPage - 1 : 0;
+    const int last = (print.Flags & PD_PAGENUMS) ? print.nToPage - 1 : state.pages - 1;
+    DOCINFOW document{sizeof(document)};
+    document.lpszDocName = state.title.c_str();
+    bool ok = StartDocW(dc, &document) > 0;
+    for (int page = first; ok && page <= last; ++page) {
+        ok = StartPage(dc) > 0;
+        SetMapMode(dc, MM_ANISOTROPIC);
+        // The printer's own paper in 0.01 mm, its unprintable edge kept out of the mapping.
+        const int dpiX = GetDeviceCaps(dc, LOGPIXELSX), dpiY = GetDeviceCaps(dc, LOGPIXELSY);
+        const int physW = GetDeviceCaps(dc, PHYSICALWIDTH), physH = GetDeviceCaps(dc, PHYSICALHEIGHT);
+        PaperSetup paper = state.setup;
+        paper.landscape = false;
+        paper.width = MulDiv(physW, 2540, std::max(dpiX, 1));
+        paper.height = MulDiv(physH, 2540, std::max(dpiY, 1));
+        SetWindowExtEx(dc, paper.width, paper.height, nullptr);
+        SetViewportExtEx(dc, physW, physH, nullptr);
+        SetViewportOrgEx(dc, -GetDeviceCaps(dc, PHYSICALOFFSETX), -GetDeviceCaps(dc, PHYSICALOFFSETY), nullptr);
+        if (ok) DrawListPage(dc, state.table, state.title, paper, page);
+        ok = ok && EndPage(dc) > 0;
+    }
+    if (ok) EndDoc(dc);
+    else AbortDoc(dc);
+    DeleteDC(dc);
+    if (!ok) MessageBoxW(dialog, GetText(kPrintFailedText).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
+}
+
+INT_PTR CALLBACK PreviewProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* state = reinterpret_cast<PreviewState*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    switch (message) {
+    case WM_INITDIALOG:
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        LocalizeDialog(dialog);
+        state = reinterpret_cast<PreviewState*>(lParam);
+        CheckDlgButton(dialog, IDC_PP_LANDSCAPE, state->setup.landscape ? BST_CHECKED : BST_UNCHECKED);
+        Repaint(dialog, *state);
+        return TRUE;
+    case WM_DRAWITEM:
+        if (wParam != IDC_PP_AREA || !state) return FALSE;
+        PaintPreview(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam), *state);
+        return TRUE;
+    case WM_COMMAND:
+        if (!state) return FALSE;
+        switch (LOWORD(wParam)) {
+        case IDC_PP_PREVIOUS: --state->page; Repaint(dialog, *state); return TRUE;
+        case IDC_PP_NEXT: ++state->page; Repaint(dialog, *state); return TRUE;
+        case IDC_PP_LANDSCAPE:
+            state->setup.landscape = IsDlgButtonChecked(dialog, IDC_PP_LANDSCAPE) == BST_CHECKED;
+            SavePaperSetup(state->setup);
+            Repaint(dialog, *state);
+            return TRUE;
+        case IDC_PP_SETUP: PageSetup(dialog, *state); return TRUE;
+        case IDC_PP_PRINT: Print(dialog, *state); return TRUE;
+        case IDOK:
+        case IDCANCEL: EndDialog(dialog, IDOK); return TRUE;
+        }
+        return FALSE;
+    }
+    return FALSE;
+}
+
+}  // namespace
+
+void CPrintPreview::Run(HWND owner, ExportTable table, std::wstring title) {
+    PreviewState state;
+    state.table = std::move(table);
+    state.title = std::move(title);
+    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_PRINT_PREVIEW), owner, PreviewProcedure,
+                    reinterpret_cast<LPARAM>(&state));
+}
+
+}  // namespace tessel
