@@ -205,6 +205,7 @@ void CMyShellBrowser::AfterViewCreated() {
             SendMessageW(list, LVM_REMOVEALLGROUPS, 0, 0);
         }
         if (Options().fullrow_sel) SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+        if (Options().show_linie) SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_GRIDLINES, LVS_EX_GRIDLINES);
         if (Options().disable_column_hl) SendMessageW(list, LVM_SETSELECTEDCOLUMN, static_cast<WPARAM>(-1), 0);
         RememberListFont(reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
     }
