@@ -39,6 +39,8 @@
 #define ID_OPTIONS_CLOSE_ASK 32880
 #define ID_LANGUAGE_GERMAN 32890
 #define ID_LANGUAGE_ENGLISH 32891
+#define ID_LANGUAGE_FILE_FIRST 32940  // + the language number, for languages from a file beside the program
+#define ID_LANGUAGE_FILE_LAST 32958
 #define ID_START_MODE_FIRST 32960  // start mode = id - 32960, up to 32971
 #define ID_START_MODE_LAST 32971
 #define ID_START_MODE_LAST_STATE 32965

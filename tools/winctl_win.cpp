@@ -8,6 +8,7 @@
 //   winctl page n                     shows page n of the open options dialog, prints its geometry
 //   winctl dismiss                    closes the open options dialog
 //   winctl dialog                     prints the geometry of the dialog the main window shows
+//   winctl menu letter                opens the main menu whose name has this underlined letter
 //   winctl key vk                     presses the key `vk` in the window that has the focus
 #include <windows.h>
 #include <psapi.h>
@@ -147,6 +148,10 @@ int wmain(int argc, wchar_t** argv) {
         return frame && PostMessageW(frame, WM_COMMAND, static_cast<WPARAM>(_wtoi(argv[2])), 0) ? 0 : 1;
     }
     if (verb == L"dialog") return PrintDialog();
+    if (verb == L"menu" && argc > 2) {
+        HWND frame = AnyFrame();
+        return frame && PostMessageW(frame, WM_SYSCOMMAND, SC_KEYMENU, argv[2][0]) ? 0 : 1;
+    }
     if (verb == L"key" && argc > 2) return PressKey(static_cast<WPARAM>(_wtoi(argv[2])));
     if (verb == L"page" && argc > 2) return ShowOptionsPage(_wtoi(argv[2]));
     if (verb == L"dismiss") {

@@ -196,9 +196,24 @@ void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_ADDRESS_HIGHLIGHT, Options().adresbar_use_highlighted ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_ADDRESS_TREE, Options().adress_tree ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_ADDRESS_AUTOSEL, Options().adress_autosel ? MF_CHECKED : MF_UNCHECKED);
-    const bool german = LanguageCode(Options().m_lang_id) == std::wstring(L"DE");
-    CheckMenuRadioItem(menu, ID_LANGUAGE_GERMAN, ID_LANGUAGE_ENGLISH,
-                       german ? ID_LANGUAGE_GERMAN : ID_LANGUAGE_ENGLISH, MF_BYCOMMAND);
+    if (GetMenuState(menu, ID_LANGUAGE_GERMAN, MF_BYCOMMAND) != static_cast<UINT>(-1)) FillLanguageMenu(menu);
+}
+
+// German and English are in the menu; a language with only a file beside the program is added
+// when the menu opens, so that the start never reads the packs for it.
+void CMainFrame::FillLanguageMenu(HMENU menu) {
+    for (int id = ID_LANGUAGE_FILE_FIRST; id <= ID_LANGUAGE_FILE_LAST; ++id) DeleteMenu(menu, id, MF_BYCOMMAND);
+    for (const AvailableLanguage& language : AvailableLanguages())
+        if (language.id >= 2 && ID_LANGUAGE_FILE_FIRST + language.id <= ID_LANGUAGE_FILE_LAST)
+            AppendMenuW(menu, MF_STRING, ID_LANGUAGE_FILE_FIRST + language.id, language.name.c_str());
+    const int current = Options().m_lang_id;
+    const std::wstring code = LanguageCode(current);
+    const UINT checked = current >= 2 && GetMenuState(menu, ID_LANGUAGE_FILE_FIRST + current, MF_BYCOMMAND) != static_cast<UINT>(-1)
+                             ? ID_LANGUAGE_FILE_FIRST + current
+                             : code == L"DE" ? ID_LANGUAGE_GERMAN : ID_LANGUAGE_ENGLISH;
+    const int count = GetMenuItemCount(menu);
+    for (int at = 0; at < count; ++at)
+        if (GetMenuItemID(menu, at) == checked) CheckMenuRadioItem(menu, 0, count - 1, at, MF_BYPOSITION);
 }
 
 static INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
@@ -310,6 +325,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         else if (id == ID_COLOUR_NONE) ChooseColourScheme(-1);
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
+        else if (id >= ID_LANGUAGE_FILE_FIRST && id <= ID_LANGUAGE_FILE_LAST) SetLanguage(id - ID_LANGUAGE_FILE_FIRST);
         else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);
         else if (id >= ID_START_MODE_FIRST && id <= ID_START_MODE_LAST) {
             Options().Als = id - ID_START_MODE_FIRST;

@@ -84,6 +84,7 @@ private:
     void OnInitMenuPopup(HMENU menu);
     void ReplaceMenu();
     void SetLanguage(int languageId);
+    void FillLanguageMenu(HMENU menu);
     void ShowLanguage();  // every menu and text in the language of the options
     void ApplyAddressBars();
     void ShowTitle();

@@ -366,3 +366,19 @@ TEST_F(Layouts, ThePreviewPaneComesBackWithTheLastState) {
 
 }  // namespace
 }  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+// A language with only a file beside the program is chosen from the Language menu like the others.
+TEST_F(Layouts, ALanguageFromAFileBesideTheProgramIsChosenFromTheMenu) {
+    WriteBytes(folder_ / L"Tessel-FR.lng", "62226=Fran\xC3\xA7" "ais\n62004=&Options (fr)\n");
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_LANGUAGE_FILE_FIRST + 2, 0);
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    EXPECT_EQ(GetPrivateProfileIntW(L"Start", L"m_lang_id", -1, (folder_ / L"Tessel.ini").c_str()), 2);
+}
+
+}  // namespace
+}  // namespace tessel::testing
