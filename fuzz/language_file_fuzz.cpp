@@ -4,12 +4,14 @@
 
 #include "core/string_table.h"
 #include "core/translation.h"
+#include "core/utf8.h"
 #include "fuzz_text.h"
 
 using namespace tessel;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::wstring text = DecodeLanguageFile(std::string_view(reinterpret_cast<const char*>(data), size));
+    const std::wstring text =
+        DecodeTextFile(std::string_view(reinterpret_cast<const char*>(data), size), DecodeUtf8OrLatin1);
     StringTable table, english;
     table.Parse(text);
     TranslationDraft draft(english, table);

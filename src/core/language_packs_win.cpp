@@ -1,7 +1,7 @@
 #include "core/language_packs_win.h"
 
 #include "core/general_options.h"
-#include "core/translation.h"
+#include "core/utf8.h"
 #include "win/text_file_win.h"
 
 namespace tessel {
@@ -10,7 +10,6 @@ namespace {
 
 constexpr size_t kLargestLanguageFile = 4 << 20;
 constexpr int kLanguageNameId = 62226;  // each pack names its own language
-constexpr int kLanguageCount = 19;
 
 }  // namespace
 
@@ -25,7 +24,7 @@ std::wstring LanguageFilePath(std::wstring_view code) {
 std::wstring ReadLanguageFile(std::wstring_view code) {
     std::string bytes;
     if (!win::ReadFileBytes(LanguageFilePath(code), kLargestLanguageFile, bytes)) return L"";
-    return DecodeLanguageFile(bytes);
+    return DecodeTextFile(bytes, DecodeUtf8OrLatin1);
 }
 
 std::wstring ResourceLanguagePacks::LoadText(std::wstring_view code) {
@@ -39,9 +38,8 @@ std::wstring ResourceLanguagePacks::LoadText(std::wstring_view code) {
 std::vector<AvailableLanguage> AvailableLanguages() {
     static ResourceLanguagePacks packs(GetModuleHandleW(nullptr));
     std::vector<AvailableLanguage> languages;
-    for (int id = 0; id < kLanguageCount; ++id) {
+    for (const int id : LanguageIds()) {
         const std::wstring code = LanguageCode(id);
-        if (id == 4 || (code == L"EN" && id != 1)) continue;  // numbers that only borrow English
         const std::wstring text = packs.LoadText(code);
         if (text.empty()) continue;
         StringTable table;

@@ -66,12 +66,20 @@ const std::wstring* StringTable::Find(int id) const {
     return nullptr;
 }
 
+static const wchar_t* const kCodes[] = {L"DE", L"EN", L"FR", L"IT", L"EN", L"CH", L"JA",
+                                        L"KR", L"PL", L"CHS", L"RU", L"NL", L"TR", L"GR",
+                                        L"AR", L"SK", L"CZ", L"DA", L"BR"};
+
 const wchar_t* LanguageCode(int languageId) {
-    static const wchar_t* const kCodes[] = {L"DE", L"EN", L"FR", L"IT", L"EN", L"CH", L"JA",
-                                            L"KR", L"PL", L"CHS", L"RU", L"NL", L"TR", L"GR",
-                                            L"AR", L"SK", L"CZ", L"DA", L"BR"};
     if (languageId < 0 || languageId >= static_cast<int>(std::size(kCodes))) return L"EN";
     return kCodes[languageId];
+}
+
+std::vector<int> LanguageIds() {
+    std::vector<int> ids;
+    for (int id = 0; id < static_cast<int>(std::size(kCodes)); ++id)
+        if (id != 4) ids.push_back(id);
+    return ids;
 }
 
 void Strings::Reload() {

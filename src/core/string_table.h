@@ -23,6 +23,8 @@ private:
 
 // Pack code of a language number ("DE" for 0, "EN" for 1 and 4 and unknown numbers, ...).
 const wchar_t* LanguageCode(int languageId);
+// The language numbers with a code of their own, in order (4 only borrows English).
+std::vector<int> LanguageIds();
 
 class ILanguagePacks {
 public:

@@ -4,7 +4,6 @@
 #include <cwctype>
 #include <map>
 
-#include "core/utf8.h"
 
 namespace tessel {
 namespace {
@@ -91,21 +90,6 @@ std::wstring UnescapedText(std::wstring_view text) {
         }
     }
     return out;
-}
-
-std::wstring DecodeLanguageFile(std::string_view bytes) {
-    const bool little = bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE';
-    const bool big = bytes.size() >= 2 && bytes[0] == '\xFE' && bytes[1] == '\xFF';
-    if (little || big) {
-        std::wstring text;
-        for (size_t i = 2; i + 1 < bytes.size(); i += 2) {
-            const unsigned char a = static_cast<unsigned char>(bytes[i]), b = static_cast<unsigned char>(bytes[i + 1]);
-            text += static_cast<wchar_t>(little ? (b << 8 | a) : (a << 8 | b));
-        }
-        return text;
-    }
-    if (bytes.size() >= 3 && bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
-    return DecodeUtf8OrLatin1(bytes);
 }
 
 }  // namespace tessel

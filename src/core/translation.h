@@ -41,8 +41,4 @@ private:
 std::wstring EscapedText(std::wstring_view text);
 std::wstring UnescapedText(std::wstring_view text);
 
-// The bytes of a language file as text: UTF-16 after its byte-order mark (either order), else
-// UTF-8 (with or without its mark), else Latin-1.
-std::wstring DecodeLanguageFile(std::string_view bytes);
-
 }  // namespace tessel

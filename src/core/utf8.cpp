@@ -91,4 +91,33 @@ std::string EncodeUtf8(std::wstring_view text) {
     return bytes;
 }
 
+std::wstring DecodeUtf16(std::string_view bytes, bool bigEndian) {
+    std::wstring text;
+    text.reserve(bytes.size() / 2);
+    for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        const unsigned a = static_cast<unsigned char>(bytes[i]), b = static_cast<unsigned char>(bytes[i + 1]);
+        text += static_cast<wchar_t>(bigEndian ? (a << 8 | b) : (b << 8 | a));
+    }
+    return text;
+}
+
+std::wstring DecodeLatin1(std::string_view bytes) {
+    return std::wstring(reinterpret_cast<const unsigned char*>(bytes.data()),
+                        reinterpret_cast<const unsigned char*>(bytes.data()) + bytes.size());
+}
+
+std::wstring DecodeTextFile(std::string_view bytes, const SingleByteDecoder& otherwise) {
+    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
+    const size_t size = bytes.size();
+    if (size >= 2 && data[0] == 0xFE && data[1] == 0xFF) return DecodeUtf16(bytes.substr(2), true);
+    const bool mark = size >= 2 && data[0] == 0xFF && data[1] == 0xFE;
+    // Without the mark, UTF-16LE shows as ASCII bytes followed by zeros.
+    if (mark || (size >= 4 && data[0] != 0 && data[1] == 0 && data[3] == 0))
+        return DecodeUtf16(bytes.substr(mark ? 2 : 0), false);
+    std::string_view rest = bytes;
+    if (rest.substr(0, 3) == "\xEF\xBB\xBF") rest.remove_prefix(3);
+    std::wstring text;
+    return DecodeUtf8(rest, text) ? text : otherwise(bytes);
+}
+
 }  // namespace tessel

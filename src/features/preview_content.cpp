@@ -29,14 +29,9 @@ bool Contains(const std::array<std::wstring_view, N>& list, std::wstring_view va
     return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-std::wstring DecodeUtf16(std::string_view bytes, bool bigEndian) {
-    std::wstring text;
-    text.reserve(bytes.size() / 2);
-    for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        const unsigned char a = static_cast<unsigned char>(bytes[i]), b = static_cast<unsigned char>(bytes[i + 1]);
-        text += static_cast<wchar_t>(bigEndian ? (a << 8 | b) : (b << 8 | a));
-    }
-    // A high surrogate cut from its low half by the limit is left out.
+// UTF-16 after its mark; a high surrogate cut from its low half by the limit is left out.
+std::wstring DecodeMarkedUtf16(std::string_view bytes, bool bigEndian) {
+    std::wstring text = DecodeUtf16(bytes.substr(2), bigEndian);
     if (!text.empty() && text.back() >= 0xD800 && text.back() < 0xDC00) text.pop_back();
     return text;
 }
@@ -94,8 +89,8 @@ bool LooksLikeText(std::string_view bytes) {
 }
 
 std::wstring DecodePreviewText(std::string_view bytes, bool cut) {
-    if (bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE') return WithCrLf(DecodeUtf16(bytes.substr(2), false));
-    if (bytes.size() >= 2 && bytes[0] == '\xFE' && bytes[1] == '\xFF') return WithCrLf(DecodeUtf16(bytes.substr(2), true));
+    if (bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE') return WithCrLf(DecodeMarkedUtf16(bytes, false));
+    if (bytes.size() >= 2 && bytes[0] == '\xFE' && bytes[1] == '\xFF') return WithCrLf(DecodeMarkedUtf16(bytes, true));
     if (bytes.size() >= 3 && bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
     const std::string_view whole = cut ? bytes.substr(0, bytes.size() - CutSequenceLength(bytes)) : bytes;
     std::wstring text;

@@ -188,10 +188,7 @@ LoadedFolderSet ReadFolderSet(std::wstring_view fileText, int treeMode, int focu
     return set;
 }
 
-std::wstring Latin1Text(std::string_view bytes) {
-    return std::wstring(reinterpret_cast<const unsigned char*>(bytes.data()),
-                        reinterpret_cast<const unsigned char*>(bytes.data()) + bytes.size());
-}
+std::wstring Latin1Text(std::string_view bytes) { return DecodeLatin1(bytes); }
 
 bool IsFolderSetText(std::wstring_view text) {
     const Lines lines(text);
@@ -202,21 +199,6 @@ bool IsFolderSetText(std::wstring_view text) {
     return false;
 }
 
-std::wstring FolderSetText(const std::string& bytes, const AnsiDecoder& ansi) {
-    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
-    const size_t size = bytes.size();
-    const bool bom = size >= 2 && data[0] == 0xFF && data[1] == 0xFE;
-    // Without the mark, UTF-16LE shows as ASCII bytes followed by zeros.
-    const bool wide = bom || (size >= 4 && data[0] != 0 && data[1] == 0 && data[3] == 0);
-    std::wstring text;
-    if (wide) {
-        text.reserve(size / 2);
-        for (size_t i = bom ? 2 : 0; i + 1 < size; i += 2) text += static_cast<wchar_t>(data[i] | (data[i + 1] << 8));
-        return text;
-    }
-    std::string_view rest(bytes);
-    if (rest.substr(0, 3) == "\xEF\xBB\xBF") rest.remove_prefix(3);
-    return DecodeUtf8(rest, text) ? text : ansi(bytes);
-}
+std::wstring FolderSetText(const std::string& bytes, const AnsiDecoder& ansi) { return DecodeTextFile(bytes, ansi); }
 
 }  // namespace tessel

@@ -86,9 +86,7 @@ bool IsFolderSetText(std::wstring_view text);
 using AnsiDecoder = std::function<std::wstring(std::string_view bytes)>;
 std::wstring Latin1Text(std::string_view bytes);
 
-// The file's bytes as text: UTF-16LE with or without its byte-order mark; else UTF-8 (with or
-// without its mark) when the bytes are well-formed UTF-8, as hand-edited files usually are; else
-// single bytes in the system's code page.
+// The file's bytes as text (DecodeTextFile), single bytes in the system's code page.
 std::wstring FolderSetText(const std::string& bytes, const AnsiDecoder& ansi = Latin1Text);
 
 }  // namespace tessel

@@ -76,7 +76,8 @@ void CSwitchesPage::MakeLabelled(size_t index, int top) {
     const OptionItem& item = table_.items[index];
     const int id = ControlId(index);
     MakeControl(L"STATIC", SS_LEFT | SS_NOPREFIX, {0, top + 2, kLabelWidth, top + 12}, -1, GetText(item.labelId));
-    const int shown = ShownValue(item, Stored(item));
+    const int stored = Stored(item);
+    const int shown = ShownValue(item, stored);
     if (item.kind == OptionKind::kNumber) {
         HWND field = MakeControl(L"EDIT", WS_BORDER | WS_TABSTOP | ES_NUMBER | ES_AUTOHSCROLL,
                                  {kFieldLeft, top, kFieldLeft + 44, top + 12}, id, std::to_wstring(shown));
@@ -94,7 +95,7 @@ void CSwitchesPage::MakeLabelled(size_t index, int top) {
     for (const ShownChoice& choice : choices) {
         const int at = static_cast<int>(SendMessageW(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.text.c_str())));
         SendMessageW(box, CB_SETITEMDATA, at, choice.value);
-        if (choice.value == Stored(item)) selected = at;
+        if (choice.value == stored) selected = at;
         if (choice.value == shown) fallback = at;
     }
     SendMessageW(box, CB_SETCURSEL, selected >= 0 ? selected : fallback, 0);

@@ -15,7 +15,6 @@
 namespace tessel {
 namespace {
 
-constexpr int kLanguageCount = 19;
 constexpr int kColumnTitles[] = {62354, 62355, 62356};
 constexpr int kColumnWidths[] = {60, 300, 300};  // at 96 dpi
 
@@ -23,12 +22,6 @@ StringTable Parsed(const std::wstring& text) {
     StringTable table;
     table.Parse(text);
     return table;
-}
-
-std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
 }
 
 }  // namespace
@@ -67,9 +60,8 @@ void CTranslationEditor::Init(HWND dialog) {
     }
     const std::vector<AvailableLanguage> available = AvailableLanguages();
     HWND box = GetDlgItem(dialog, IDC_TR_LANGUAGE);
-    for (int id = 0; id < kLanguageCount; ++id) {
+    for (const int id : LanguageIds()) {
         const std::wstring code = LanguageCode(id);
-        if (id != 1 && code == L"EN") continue;
         std::wstring text = code;
         for (const AvailableLanguage& language : available)
             if (language.id == id && language.name != code) text += L" - " + language.name;
@@ -90,7 +82,7 @@ void CTranslationEditor::Load(int languageId) {
 }
 
 void CTranslationEditor::ShowRows() {
-    shown_ = draft_->Find(WindowText(GetDlgItem(dialog_, IDC_TR_SEARCH)));
+    shown_ = draft_->Find(win::WindowText(GetDlgItem(dialog_, IDC_TR_SEARCH)));
     ListView_SetItemCountEx(list_, static_cast<int>(shown_.size()), 0);
     InvalidateRect(list_, nullptr, TRUE);
     ShowSelected();
@@ -119,7 +111,7 @@ void CTranslationEditor::ShowSelected() {
 void CTranslationEditor::SetSelected() {
     const int row = Selected();
     if (row < 0) return;
-    draft_->Set(static_cast<size_t>(row), UnescapedText(WindowText(GetDlgItem(dialog_, IDC_TR_TEXT))));
+    draft_->Set(static_cast<size_t>(row), UnescapedText(win::WindowText(GetDlgItem(dialog_, IDC_TR_TEXT))));
     ListView_RedrawItems(list_, 0, static_cast<int>(shown_.size()) - 1);
     ShowStatus();
 }

@@ -3,6 +3,7 @@
 #include "features/program_colours_win.h"
 #include "view/view_panel_win.h"
 #include "win/text_suggestions_win.h"
+#include "win/window_win.h"
 
 namespace tessel {
 namespace {
@@ -10,12 +11,6 @@ namespace {
 // The text the filter box starts with, read once for the program.
 const std::wstring& InitialFilterText() {
     static const std::wstring text = Settings().GetString(L"Ordner", L"Filter", L"");
-    return text;
-}
-
-std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
     return text;
 }
 
@@ -43,7 +38,7 @@ void CPloder::ShowFilter(const std::wstring& text) {
 
 void CPloder::ApplyFilterText() {
     KillTimer(hwnd(), kFilterPauseTimer);
-    std::wstring text = WindowText(filterBox_);
+    std::wstring text = win::WindowText(filterBox_);
     if (text == filterText_) return;
     FilterTokens tokens(text, FoldLowerWin);
     const bool changed = tokens.Tokens() != filter_.tokens.Tokens();

@@ -1,6 +1,7 @@
 #include "view/toolbar_choice_win.h"
 
 #include <algorithm>
+#include <map>
 
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
@@ -11,6 +12,14 @@ namespace {
 
 constexpr wchar_t kSection[] = L"Toolbars";
 std::vector<ToolbarChoice*> g_choices;  // every attached toolbar, so that all of a key follow
+
+// The kept list of each key, read from the settings once: four T-Views share one key.
+std::wstring& KeptText(const std::wstring& key) {
+    static std::map<std::wstring, std::wstring> kept;
+    auto found = kept.find(key);
+    if (found == kept.end()) found = kept.emplace(key, Settings().GetString(kSection, key, L"")).first;
+    return found->second;
+}
 
 int SeparatorWidth(const std::vector<TBBUTTON>& palette) {
     for (const TBBUTTON& button : palette)
@@ -38,7 +47,7 @@ void ToolbarChoice::Attach(HWND bar, const wchar_t* key, void (*changed)(HWND ba
     g_choices.push_back(this);
     std::vector<int> offered;
     for (const TBBUTTON& button : palette_) offered.push_back(button.idCommand);
-    const std::vector<int> kept = ParseToolbarButtons(Settings().GetString(kSection, key_, L""), offered);
+    const std::vector<int> kept = ParseToolbarButtons(KeptText(key_), offered);
     if (!kept.empty()) Apply(kept);
 }
 
@@ -86,7 +95,8 @@ std::vector<int> ToolbarChoice::Shown() const {
 
 void ToolbarChoice::Save() {
     const std::vector<int> buttons = Shown();
-    Settings().PutString(kSection, key_, buttons == defaults_ ? L"" : FormatToolbarButtons(buttons));
+    KeptText(key_) = buttons == defaults_ ? L"" : FormatToolbarButtons(buttons);
+    Settings().PutString(kSection, key_, KeptText(key_));
     for (ToolbarChoice* other : g_choices)
         if (other != this && other->key_ == key_) other->Apply(buttons.empty() ? other->defaults_ : buttons);
     if (changed_) changed_(bar_);

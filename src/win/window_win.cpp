@@ -63,4 +63,10 @@ double DpiScaleOf(HWND hwnd) {
 
 int Scaled(HWND hwnd, int pixelsAt96) { return MulDiv(pixelsAt96, static_cast<int>(DpiScaleOf(hwnd) * 96 + 0.5), 96); }
 
+std::wstring WindowText(HWND window) {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
 }  // namespace tessel::win

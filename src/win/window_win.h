@@ -3,6 +3,8 @@
 // the C++ object that owns the window.
 #include <windows.h>
 
+#include <string>
+
 namespace tessel::win {
 
 class Window {
@@ -28,6 +30,8 @@ private:
     static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
     HWND hwnd_ = nullptr;
 };
+
+std::wstring WindowText(HWND window);
 
 double DpiScaleOf(HWND hwnd);  // 1.0 at 96 dots per inch
 int Scaled(HWND hwnd, int pixelsAt96);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/utf8.h"
+
 namespace tessel {
 namespace {
 
@@ -57,6 +59,9 @@ TEST(Translation, EscapesRoundTripForTheEditField) {
     EXPECT_EQ(UnescapedText(L"a\\tb\\nc\\rd"), L"a\tb\nc\rd");
     EXPECT_EQ(UnescapedText(L"C:\\x\\"), L"C:\\x\\") << "other backslashes stay";
 }
+
+// Language files are read as DecodeTextFile reads them, single bytes as UTF-8 where they can be.
+std::wstring DecodeLanguageFile(std::string_view bytes) { return DecodeTextFile(bytes, DecodeUtf8OrLatin1); }
 
 TEST(Translation, LanguageFilesComeInTheEncodingsEditorsWrite) {
     EXPECT_EQ(DecodeLanguageFile(std::string("\xFF\xFE" "1\0=\0a\0", 8)), L"1=a");
