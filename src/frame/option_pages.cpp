@@ -99,7 +99,7 @@ constexpr OptionItem kBars[] = {
     Check(L"adresbar_use_highlighted", 34016, kEffectAddress),
     Check(L"adress_tree", 32809),
     Check(L"adress_autosel", 32810),
-    Check(L"status_use_highlighted", 62297),
+    Check(L"status_use_highlighted", 62297, kEffectAddress),
 };
 
 constexpr OptionItem kFolderSizes[] = {

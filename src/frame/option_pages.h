@@ -15,7 +15,7 @@ enum class OptionKind { kCheck, kChoice, kNumber };
 enum OptionEffect : unsigned {
     kEffectNone = 0,         // read where it is used, nothing to redo
     kEffectViews = 1,        // the file lists are refreshed
-    kEffectAddress = 2,      // the address bars are rebuilt
+    kEffectAddress = 2,      // the address bars are rebuilt, the in-use highlights painted again
     kEffectTree = 4,         // the folder trees take their options again
     kEffectTreeMode = 8,     // the frame's tree mode changes
     kEffectTabs = 16,        // the tab strips are laid out again

@@ -84,6 +84,7 @@ bool CPloder::OnCreate() {
     statusBar_ = Child(STATUSCLASSNAMEW, WS_VISIBLE | WS_CLIPCHILDREN | CCS_NOPARENTALIGN | CCS_NORESIZE, 0, hwnd(),
                        kStatusBarId);
     toolbars_.Create(hwnd(), statusBar_);
+    statusHighlight_.Attach(statusBar_);
     RefreshUserMenuButtons();
     tabs_ = std::make_unique<CCBrowserTabView>(*this, hwnd());
     folderTree_.Attach(tree_, [this](PCIDLIST_ABSOLUTE folder) { NavigateTo(win::ClonePidl(folder)); });
@@ -185,12 +186,14 @@ void CPloder::ApplyAddressBarMode() {
         addressBar_->SetStyle(Options().adresbar_style);
     }
     if (addressBar_) ShowLocation(*addressBar_);
+    statusHighlight_.SetLit(inUse_ && Options().status_use_highlighted);
     Layout();
 }
 
 void CPloder::SetInUse(bool inUse) {
     inUse_ = inUse;
     if (addressBar_) addressBar_->SetActive(inUse);
+    statusHighlight_.SetLit(inUse && Options().status_use_highlighted);
     for (int i = 0; i < count_; ++i) browsers_[i]->SetInUseColours(inUse);
 }
 

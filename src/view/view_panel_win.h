@@ -14,6 +14,7 @@
 #include "nav/quick_links.h"
 #include "view/browser_slots.h"
 #include "view/shell_browser_win.h"
+#include "view/status_highlight_win.h"
 #include "view/view_toolbars_win.h"
 #include "win/com_ptr_win.h"
 #include "win/handles_win.h"
@@ -151,6 +152,7 @@ private:
     HWND treeEdge_ = nullptr;     // third static: the edge between tree and list
     HWND statusBar_ = nullptr;
     ViewToolbars toolbars_;
+    StatusHighlight statusHighlight_;
     std::unique_ptr<CCBrowserTabView> tabs_;
     CShellTree2 folderTree_;
     PeerLookup peers_;

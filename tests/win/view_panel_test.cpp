@@ -139,6 +139,39 @@ TEST(ViewPanel, BackgroundMenuEndsWithTheViewTitle) {
 }
 
 // Wine's view never asks for its state stream, so the browser's side is driven directly.
+// The T-View in use shows its status text on the highlight colour, the others do not, and
+// neither does any with the option off; a new text keeps the highlight.
+TEST(ViewPanel, StatusTextHighlightedWhileInUse) {
+    ViewHost host(1);
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(host.Folder().path()));
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    auto shownColour = [&] {
+        Pump(50);
+        RECT part{};
+        SendMessageW(panel.StatusBar(), SB_GETRECT, 0, reinterpret_cast<LPARAM>(&part));
+        HDC dc = GetDC(panel.StatusBar());
+        const COLORREF colour = GetPixel(dc, part.right - 3, (part.top + part.bottom) / 2);
+        ReleaseDC(panel.StatusBar(), dc);
+        return colour;
+    };
+    const int kept = Options().status_use_highlighted;
+    Options().status_use_highlighted = 1;
+    panel.SetInUse(true);
+    EXPECT_EQ(shownColour(), highlight);
+    SendMessageW(panel.StatusBar(), SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(L"new text"));
+    EXPECT_EQ(shownColour(), highlight);
+    panel.SetInUse(false);
+    EXPECT_NE(shownColour(), highlight);
+    Options().status_use_highlighted = 0;
+    panel.SetInUse(true);
+    EXPECT_NE(shownColour(), highlight);
+    Options().status_use_highlighted = 1;
+    panel.ApplyAddressBarMode();  // how a change on the options page reaches the panels
+    EXPECT_EQ(shownColour(), highlight);
+    Options().status_use_highlighted = kept;
+}
+
 TEST(ColumnMemoryStreams, WrittenStoredReadBackAndSharedByKind) {
     ViewHost host(1);
     TempFolder one, two;
