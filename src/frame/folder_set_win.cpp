@@ -65,8 +65,8 @@ void CloseOtherTabs(CCBrowserTabView& strip) {
 }
 
 // The T-View keeps its selected tab, which takes the first tab of the file; the others follow
-// as new tabs, made lazily. A folder that is gone opens no tab.
-void RestoreTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int selected) {
+// as new tabs, made lazily. A folder that is gone opens no tab. Answers the tab to select.
+int InsertTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int selected) {
     CCBrowserTabView& strip = panel.Tabs();
     CCBrowserTabView::LayoutHold hold(strip);
     int select = -1;
@@ -87,8 +87,16 @@ void RestoreTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int s
         }
         if (static_cast<int>(i) == selected) select = index;
     }
-    if (select >= 0) strip.Select(select);
-    else if (strip.Count() > 0 && strip.Selected() < 0) strip.Select(0);
+    if (select < 0 && strip.Count() > 0 && strip.Selected() < 0) select = 0;
+    return select;
+}
+
+// Selected once the strip is laid out, so that a new view is made at its size.
+void RestoreTabs(CPloder& panel, const std::vector<TabState>& tabs, int selected) {
+    std::vector<const TabState*> order;
+    for (const TabState& tab : tabs) order.push_back(&tab);
+    const int select = InsertTabs(panel, order, selected);
+    if (select >= 0) panel.Tabs().Select(select);
 }
 
 }  // namespace
@@ -135,35 +143,41 @@ bool CMainFrame::SaveFolderSet(const std::wstring& path, bool withLayout, bool w
     return win::WriteUnicodeFile(FolderSetPath(path), WriteFolderSet(CollectFolderSet(withLayout, withColumns, withPlacement)));
 }
 
-bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser) {
+bool CMainFrame::LoadFolderSet(const std::wstring& path, bool openedByUser, bool atStart) {
     const std::wstring text = ReadUserTextFile(path, kFolderSetSizeLimit);
     if (!IsFolderSetText(text)) {
         if (openedByUser) MessageBoxW(hwnd(), (GetText(IDS_FOLDER_SET_UNREADABLE) + L"\n" + path).c_str(), GetText(60000).c_str(),
                                       MB_ICONWARNING);
         return false;
     }
-    ApplyFolderSet(ReadFolderSet(text, treeMode_, focusedView_));
+    ApplyFolderSet(ReadFolderSet(text, treeMode_, focusedView_), atStart);
     return true;
 }
 
-void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set) {
+void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set, bool atStart) {
     for (auto& panel : panels_) CloseOtherTabs(panel->Tabs());  // every T-View, with a record or not
-    for (int number = kViewCount; number >= 1; --number) {
-        const LoadedView& view = set.views[number - 1];
-        std::vector<const TabState*> tabs;
-        for (const TabState& tab : view.tabs) tabs.push_back(&tab);
-        if (tabs.empty() && view.hasActive) tabs.push_back(&view.active);
-        if (!tabs.empty()) RestoreTabs(*panels_[number - 1], tabs, view.tabs.empty() ? 0 : view.selectedTab);
-    }
+    // Laid out first, so that each view is made at its size instead of being made and resized.
     for (int i = 0; i < 3; ++i) {
         layout_.splitters[i].position = set.layout.splitters[i];
         layout_.splitters[i].pixel = -1;
     }
     layoutExtras_ = set.layout;
     for (int i = 0; i < kViewCount; ++i) panels_[i]->SetTreeState(set.layout.tree[i], set.layout.treeSplit[i]);
+    if (set.layout.treeMode != treeMode_) SetTreeMode(set.layout.treeMode, false);
     if (set.viewMode >= 0 && set.viewMode < kLayoutCount) SetLayout(set.viewMode, false);
     else Layout();
-    if (set.layout.treeMode != treeMode_) SetTreeMode(set.layout.treeMode, false);
+    for (int number = kViewCount; number >= 1; --number) {
+        const LoadedView& view = set.views[number - 1];
+        std::vector<TabState> tabs = view.tabs;
+        if (tabs.empty() && view.hasActive) tabs.push_back(view.active);
+        if (tabs.empty()) continue;
+        CPloder& panel = *panels_[number - 1];
+        const int selected = view.tabs.empty() ? 0 : view.selectedTab;
+        if (atStart && number != set.layout.focus && !panel.HasLocation())
+            panel.OpenLater([&panel, tabs = std::move(tabs), selected] { RestoreTabs(panel, tabs, selected); });
+        else
+            RestoreTabs(panel, tabs, selected);
+    }
     FocusView(set.layout.focus);
     if ((set.layout.preview != 0) != PreviewShown()) PostMessageW(hwnd(), WM_COMMAND, ID_VIEW_PREVIEW, 0);
 }

@@ -70,6 +70,7 @@ bool CMainFrame::CreateFrame(int showCommand) {
     StartMark("shown");
     UpdateWindow(hwnd());
     StartMark("painted");
+    MakeLaterViews();
     return true;
 }
 
@@ -119,7 +120,7 @@ void CMainFrame::ApplyCommandLine() {
     if (plan.loadLastState) {
         FileRemover remover;
         LoadLastStateGuarded(Settings(), Settings().DataFolder(), remover,
-                             [this](const std::wstring& path) { return LoadFolderSet(path, false); });
+                             [this](const std::wstring& path) { return LoadFolderSet(path, false, true); });
         StartMark("last-state");
     }
     if (!plan.folderSetFile.empty() && !LoadFolderSet(plan.folderSetFile, true)) {
@@ -135,6 +136,15 @@ void CMainFrame::ApplyCommandLine() {
     FillEmptyViews();
     FocusView(focusedView_);  // the views just made took the focus in turn: back to the T-View in use
 
+}
+
+// The window is on screen with the T-View in use listed; the others are made now, before the
+// first message is served, so the whole start costs no more than before.
+void CMainFrame::MakeLaterViews() {
+    HWND focus = GetFocus();
+    for (auto& panel : panels_) panel->MakeLaterView();
+    if (focus != GetFocus() && IsWindow(focus)) SetFocus(focus);  // each new view took the focus
+    StartMark("later-views");
 }
 
 // Only the T-Views without a location are navigated.

@@ -34,7 +34,8 @@ public:
 
     // Folder-set files: loaded with openedByUser when the user chose the file. The program's own
     // files (last state, hand-over) are saved with the layout and without columns and placement.
-    bool LoadFolderSet(const std::wstring& path, bool openedByUser);
+    // At start the T-Views not in use make their views once the window shows.
+    bool LoadFolderSet(const std::wstring& path, bool openedByUser, bool atStart = false);
     bool SaveFolderSet(const std::wstring& path) { return SaveFolderSet(path, true, false, false); }
     bool SaveFolderSet(const std::wstring& path, bool withLayout, bool withColumns, bool withPlacement);
     void SaveViewSettings();
@@ -59,7 +60,8 @@ private:
     void FillEmptyViews();
     void Layout();
     FolderSet CollectFolderSet(bool withLayout, bool withColumns, bool withPlacement);
-    void ApplyFolderSet(const LoadedFolderSet& set);
+    void ApplyFolderSet(const LoadedFolderSet& set, bool atStart = false);
+    void MakeLaterViews();
     void ApplyDesignMode();
     int BarWidth() const;
     int BarAt(POINT client) const;  // the splitter whose bar is under the point, or -1

@@ -5,6 +5,7 @@
 #include <windowsx.h>
 
 #include <cwchar>
+#include <utility>
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
@@ -135,6 +136,10 @@ void CPloder::CloseBrowser(CMyShellBrowser* browser) {
     if (active_ == browser) active_ = nullptr;
 }
 
+void CPloder::MakeLaterView() {
+    if (std::function<void()> work = std::exchange(laterWork_, nullptr)) work();
+}
+
 void CPloder::Activate(CMyShellBrowser* browser) {
     if (active_ && active_ != browser) active_->SetActive(false);
     active_ = browser;
@@ -201,6 +206,7 @@ bool CPloder::NavigateToSpecial(int csidl) { return NavigateTo(win::SpecialFolde
 
 bool CPloder::NavigateTo(win::UniquePidl folder) {
     if (!folder) return false;
+    MakeLaterView();
     if (tabs_->Count() > 0 && active_) return active_->NavigateTo(std::move(folder), false, true) != 0;
     const int index = tabs_->InsertTab(std::move(folder));
     tabs_->Select(index);
@@ -238,11 +244,10 @@ void CPloder::NextTab(int step) {
     if (count > 1) tabs_->Select((tabs_->Selected() + step + count) % count);
 }
 
-bool CPloder::HasLocation() const { return active_ && active_->Current(); }
-
-std::wstring CPloder::LocationName() const { return active_ ? active_->CurrentPath() : std::wstring(); }
+bool CPloder::HasLocation() const { return laterWork_ || (active_ && active_->Current()); }
 
 void CPloder::Refresh() {
+    if (laterWork_) return MakeLaterView();  // listed fresh as it is made
     if (active_) active_->RefreshView();
 }
 
@@ -441,7 +446,7 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (DrawUserMenuItem(reinterpret_cast<DRAWITEMSTRUCT*>(lParam))) return TRUE;
         break;
     case WM_SETFOCUS:
-        if (active_) SetFocus(active_->hwnd());
+        if (CMyShellBrowser* browser = Active()) SetFocus(browser->hwnd());  // a view left for later is made now
         return 0;
     case WM_TIMER:
         if (wParam == kFilterPauseTimer) {

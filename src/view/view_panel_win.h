@@ -49,14 +49,21 @@ public:
     void CloseCurrentTab();
     void NextTab(int step);
     bool HasLocation() const;
-    std::wstring LocationName() const;
     int ViewNumber() const override { return viewIndex_; }
     void Refresh();
 
     CMyShellBrowser* GetOrCreateBrowser();
     void CloseBrowser(CMyShellBrowser* browser);
     void Activate(CMyShellBrowser* browser);
-    CMyShellBrowser* Active() const { return active_; }
+    // The shown tab's browser view; a view left for later is made first.
+    CMyShellBrowser* Active() {
+        MakeLaterView();
+        return active_;
+    }
+    // At start the T-Views not in use open their tabs and view just after the window shows, or as
+    // soon as anything needs them; until then the T-View counts as having a location.
+    void OpenLater(std::function<void()> work) { laterWork_ = std::move(work); }
+    void MakeLaterView();
     int BrowserCount() const { return count_; }
     const std::wstring& SectionName() const { return sectionName_; }
     const std::wstring& ColumnSection() const { return columnSection_; }
@@ -158,6 +165,7 @@ private:
     PeerLookup peers_;
     std::unique_ptr<CAdressBar> addressBar_;
     bool inUse_ = false;
+    std::function<void()> laterWork_;
     std::vector<QuickLinkEntry> menuEntries_;  // of the quick-links or programs menu while it is open
     std::vector<win::UniqueIcon> menuIcons_;
 };

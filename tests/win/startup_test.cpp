@@ -253,18 +253,21 @@ TEST_F(Startup, TreeStatesOfTheLastStateComeBackAndAreSavedAgain) {
     EXPECT_NE(text.find(L"\r\nTree1=0\r\n"), std::wstring::npos);
 }
 
-// The browse forms load the last state first and then open their folder in T-View 1.
+// The browse forms load the last state first and then open their folder in T-View 1, also when
+// T-View 1 is not in use and so opens only as the window shows.
 TEST_F(Startup, BrowseFormsLoadTheLastStateFirst) {
     TempFolder kept, one, browsed;
     const std::wstring state = L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + one.path() + L"\r\nFolder2=" +
                                kept.path() + L"\r\n";
     for (const std::wstring& line : {L"\"/Browse\" \"" + browsed.path() + L"\"", L"/e,/root > " + browsed.path()}) {
-        WriteUnicodeText(folder_ / L"start.tsf", state);
-        TesselProcess tessel(exe_, line);
-        ASSERT_TRUE(tessel.WaitForWindow());
-        EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(browsed.path())) << (line[0] == L'/' ? "/e" : "/Browse");
-        EXPECT_EQ(LowerCase(tessel.PanelText(2)), LowerCase(kept.path())) << "the last state came first";
-        EXPECT_EQ(tessel.CloseAndWait(), 0);
+        for (const wchar_t* focus : {L"Focus=1\r\n", L"Focus=2\r\n"}) {
+            WriteUnicodeText(folder_ / L"start.tsf", state + focus);
+            TesselProcess tessel(exe_, line);
+            ASSERT_TRUE(tessel.WaitForWindow());
+            EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(browsed.path())) << (line[0] == L'/' ? "/e" : "/Browse");
+            EXPECT_EQ(LowerCase(tessel.PanelText(2)), LowerCase(kept.path())) << "the last state came first";
+            EXPECT_EQ(tessel.CloseAndWait(), 0);
+        }
     }
 }
 

@@ -92,6 +92,10 @@ bool TesselProcess::WaitForWindow(DWORD timeoutMs) {
     while (GetTickCount() - start < timeoutMs) {
         if (HWND found = tools::FindVisibleFrame(info_.dwProcessId)) {
             frame_ = found;
+            // The T-Views not in use are made just after the window shows: a message it answers
+            // waits for that.
+            DWORD_PTR answer = 0;
+            SendMessageTimeoutW(found, WM_NULL, 0, 0, SMTO_NORMAL, timeoutMs, &answer);
             return true;
         }
         if (WaitForSingleObject(info_.hProcess, 20) == WAIT_OBJECT_0) return false;
