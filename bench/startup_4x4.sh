@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Start-up with a last state of four T-Views with four tabs each: time from process start to the
-# main window, which shows once all four active views are listed; Wine server warm, median of
-# 10 runs. Run by scripts/bench.sh inside its display with the Wine environment set.
+# main window, which shows once the T-View in use is listed (the others open right after: the
+# split's "later-views" step); Wine server warm, median of 10 runs. Run by scripts/bench.sh
+# inside its display with the Wine environment set.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 bin=$here/build/win64/bin
