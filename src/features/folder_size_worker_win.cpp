@@ -101,7 +101,6 @@ void FolderSizeWorker::Stop() {
 }
 
 void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message) {
-    WorkerControl control(stop, paused_);
     std::vector<std::wstring> names;  // the listed sub-folders; links are never measured
     if (auto listing = FileSystemLister().Open(folder)) {
         DirectoryEntry entry;
@@ -110,16 +109,31 @@ void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recur
                 names.emplace_back(entry.name);
     }
     if (!folder.empty() && folder.back() != L'\\') folder += L'\\';
-    DWORD lastNotice = timeGetTime();
-    for (const std::wstring& name : names) {
-        FolderTotals totals;
-        if (!MeasureFolder(FileSystemLister(), folder + name, recurse, control, totals)) return;
-        cache_.Store(UpperName(name), totals);
-        if (timeGetTime() - lastNotice >= kRedrawInterval) {
-            lastNotice = timeGetTime();
-            PostMessageW(notify, message, 0, 0);
+    // Two walkers take the sub-folders in list order: much of a walk is waiting for the file
+    // system, and the sizes still fill in from the top of the list.
+    std::atomic<size_t> next{0};
+    std::atomic<DWORD> lastNotice{timeGetTime()};
+    std::atomic<bool> cancelled{false};
+    auto walk = [&] {
+        WorkerControl control(stop, paused_);
+        for (size_t i = next++; i < names.size(); i = next++) {
+            FolderTotals totals;
+            if (!MeasureFolder(FileSystemLister(), folder + names[i], recurse, control, totals)) {
+                cancelled = true;
+                return;
+            }
+            cache_.Store(UpperName(names[i]), totals);
+            DWORD last = lastNotice;
+            const DWORD now = timeGetTime();
+            if (now - last >= kRedrawInterval && lastNotice.compare_exchange_strong(last, now))
+                PostMessageW(notify, message, 0, 0);
         }
+    };
+    {
+        std::jthread second(walk);  // joined before the result is told
+        walk();
     }
+    if (cancelled) return;
     finished_ = true;
     PostMessageW(notify, message, 1, 0);
 }

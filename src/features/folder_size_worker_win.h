@@ -1,6 +1,6 @@
 #pragma once
-// The folder-size worker of one browser view: lists the view's folder, walks each sub-folder
-// on its own thread and tells the view, at most every 200 ms, that sizes are in the cache.
+// The folder-size worker of one browser view: lists the view's folder, walks its sub-folders on
+// two threads of its own and tells the view, at most every 200 ms, that sizes are in the cache.
 #include <windows.h>
 
 #include <atomic>

@@ -220,5 +220,40 @@ TEST(FolderSizes, MeasuredFoldersShowInTheSizeColumn) {
     settings = kept;
 }
 
+// The walkers share the sub-folders: each is measured, with its own totals, and a stop in the
+// middle of a walk ends it at once without telling it done.
+TEST(FolderSizes, TheWorkerMeasuresEverySubFolderAndStops) {
+    TempFolder files;
+    for (int i = 0; i < 40; ++i) {
+        const std::wstring name = L"d" + std::to_wstring(i);
+        CreateDirectoryW((files / name).c_str(), nullptr);
+        CreateDirectoryW((files / (name + L"\\inner")).c_str(), nullptr);
+        WriteBytes(files / (name + L"\\inner\\f"), std::string(static_cast<size_t>(i) + 1, 'x'));
+    }
+    FolderSizeCache cache;
+    {
+        FolderSizeWorker worker(cache);
+        worker.Start(files.path(), true, nullptr, 0);
+        ASSERT_TRUE(PumpUntil([&] { return !worker.Running(); }));
+    }
+    for (int i = 0; i < 40; ++i) {
+        FolderTotals totals;
+        ASSERT_TRUE(cache.Find(L"D" + std::to_wstring(i), totals)) << i;
+        EXPECT_EQ(totals.bytes, static_cast<uint64_t>(i) + 1) << i;
+        EXPECT_EQ(totals.files, 1u) << i;
+        EXPECT_EQ(totals.folders, 1u) << i;
+    }
+
+    FolderSizeCache stopped;
+    FolderSizeWorker worker(stopped);
+    worker.SetPaused(true);  // held inside the walk until stopped
+    worker.Start(files.path(), true, nullptr, 0);
+    Pump(50);
+    worker.Stop();
+    EXPECT_FALSE(worker.Running());
+    FolderTotals totals;
+    EXPECT_FALSE(stopped.Find(L"D0", totals)) << "no walk went on while paused";
+}
+
 }  // namespace
 }  // namespace tessel::testing
