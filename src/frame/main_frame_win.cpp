@@ -143,6 +143,7 @@ void CMainFrame::ApplyCommandLine() {
 void CMainFrame::MakeLaterViews() {
     HWND focus = GetFocus();
     for (auto& panel : panels_) panel->MakeLaterView();
+    FillEmptyViews();  // a T-View whose folders are all gone
     if (focus != GetFocus() && IsWindow(focus)) SetFocus(focus);  // each new view took the focus
     StartMark("later-views");
 }

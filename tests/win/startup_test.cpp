@@ -271,6 +271,20 @@ TEST_F(Startup, BrowseFormsLoadTheLastStateFirst) {
     }
 }
 
+// A T-View not in use whose last folders are all gone shows Computer, like any empty T-View.
+TEST_F(Startup, ALastStateViewWithOnlyGoneFoldersShowsComputer) {
+    TempFolder one;
+    WriteUnicodeText(folder_ / L"start.tsf", L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + one.path() +
+                                                 L"\r\nFolder2_0=C:\\gone\\first\r\nFolder2_1=C:\\gone\\second\r\n"
+                                                 L"CurSel2_1=1\r\nFocus=1\r\n");
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(one.path()));
+    EXPECT_FALSE(tessel.PanelText(2).empty());
+    EXPECT_EQ(tessel.PanelText(2), tessel.PanelText(4)) << "both show Computer";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
 // The start-mode commands set "Als" to their id minus 32960 at once; any mode but 5 neither
 // loads nor keeps the last state.
 TEST_F(Startup, StartModeCommandsAreWrittenAtOnce) {
