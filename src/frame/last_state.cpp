@@ -8,7 +8,7 @@ std::wstring LastStatePath(const std::wstring& dataFolder) { return dataFolder +
 std::wstring HandOverStatePath(const std::wstring& dataFolder) { return dataFolder + L"\\start2.tsf"; }
 
 bool LoadLastStateGuarded(ISettingsStore& store, const std::wstring& dataFolder, IFileRemover& remover,
-                          const FolderSetLoader& load) {
+                          const FolderSetLoader& load, bool leaveOpen) {
     const std::wstring path = LastStatePath(dataFolder);
     if (store.GetInt(L"Start", L"StartCrash", 0) == 1) {
         store.PutInt(L"Start", L"StartCrash", 0);
@@ -17,8 +17,12 @@ bool LoadLastStateGuarded(ISettingsStore& store, const std::wstring& dataFolder,
     }
     store.PutInt(L"Start", L"StartCrash", 1);
     bool loaded = load(path);
-    store.PutInt(L"Start", L"StartCrash", 0);
+    if (!leaveOpen) store.PutInt(L"Start", L"StartCrash", 0);
     return loaded;
+}
+
+void EndLastStateLoad(ISettingsStore& store) {
+    if (store.GetInt(L"Start", L"StartCrash", 0) == 1) store.PutInt(L"Start", L"StartCrash", 0);
 }
 
 void LastStateSaver::SaveOnce(int startMode, const std::wstring& dataFolder) {

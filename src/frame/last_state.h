@@ -20,9 +20,12 @@ std::wstring HandOverStatePath(const std::wstring& dataFolder);  // data folder 
 using FolderSetLoader = std::function<bool(const std::wstring& path)>;
 
 // A "StartCrash" left at 1 means the previous load never came back: the file is deleted unread.
-// Returns whether the last state was loaded.
+// Returns whether the last state was loaded. With `leaveOpen` the flag stays 1 when the load
+// returns, since the load left work for later (views made once the window shows);
+// EndLastStateLoad writes 0 when that is done.
 bool LoadLastStateGuarded(ISettingsStore& store, const std::wstring& dataFolder, IFileRemover& remover,
-                          const FolderSetLoader& load);
+                          const FolderSetLoader& load, bool leaveOpen = false);
+void EndLastStateLoad(ISettingsStore& store);  // writes 0 when the flag is 1
 
 // Saves at most once per process, and only when the start mode reopens the last state.
 class LastStateSaver {

@@ -4,6 +4,8 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <utility>
+
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
@@ -119,8 +121,9 @@ void CMainFrame::ApplyCommandLine() {
     StartPlan plan = InterpretCommandLine(commandLine_, Options().Als, IsExistingFile);
     if (plan.loadLastState) {
         FileRemover remover;
+        lastStateOpen_ = true;  // until the T-Views left for later are made
         LoadLastStateGuarded(Settings(), Settings().DataFolder(), remover,
-                             [this](const std::wstring& path) { return LoadFolderSet(path, false, true); });
+                             [this](const std::wstring& path) { return LoadFolderSet(path, false, true); }, true);
         StartMark("last-state");
     }
     if (!plan.folderSetFile.empty() && !LoadFolderSet(plan.folderSetFile, true)) {
@@ -145,6 +148,7 @@ void CMainFrame::MakeLaterViews() {
     for (auto& panel : panels_) panel->MakeLaterView();
     FillEmptyViews();  // a T-View whose folders are all gone
     if (focus != GetFocus() && IsWindow(focus)) SetFocus(focus);  // each new view took the focus
+    if (std::exchange(lastStateOpen_, false)) EndLastStateLoad(Settings());
     StartMark("later-views");
 }
 
@@ -543,6 +547,7 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (static_cast<int>(wParam) + 1 == focusedView_) UpdatePreview();
         return 0;
     case WM_DESTROY:
+        if (std::exchange(lastStateOpen_, false)) EndLastStateLoad(Settings());  // the window never showed
         for (auto& panel : panels_)
             if (panel) DestroyWindow(panel->hwnd());
         return 0;

@@ -130,6 +130,7 @@ private:
     SIZE laidOut_{-1, -1};           // the client size of the last layout
     bool trayAsking_ = false;        // the tray icon's question is open
     bool parked_ = false;            // hidden until the open dialogs are closed
+    bool lastStateOpen_ = false;     // the crash-start guard is held until the later views are made
     bool inTray_ = false;            // minimised into the notification area
     std::array<RECT, 3> splitterAreas_{};  // the area each splitter divides, for dragging
     int draggedBar_ = -1;

@@ -271,7 +271,8 @@ TEST_F(Startup, BrowseFormsLoadTheLastStateFirst) {
     }
 }
 
-// A T-View not in use whose last folders are all gone shows Computer, like any empty T-View.
+// A T-View not in use whose last folders are all gone shows Computer, like any empty T-View;
+// the crash-start guard lasts until it is made.
 TEST_F(Startup, ALastStateViewWithOnlyGoneFoldersShowsComputer) {
     TempFolder one;
     WriteUnicodeText(folder_ / L"start.tsf", L"Tessel Version=4.19\r\nViewMode=0\r\nFolder1=" + one.path() +
@@ -282,6 +283,7 @@ TEST_F(Startup, ALastStateViewWithOnlyGoneFoldersShowsComputer) {
     EXPECT_EQ(LowerCase(tessel.PanelText(1)), LowerCase(one.path()));
     EXPECT_FALSE(tessel.PanelText(2).empty());
     EXPECT_EQ(tessel.PanelText(2), tessel.PanelText(4)) << "both show Computer";
+    EXPECT_EQ(IniInt(L"StartCrash", -1), 0) << "the crash-start guard ends once the later T-Views are made";
     EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 

@@ -54,6 +54,22 @@ TEST(CrashStartGuard, LoadThatNeverReturnedDeletesTheFileUnread) {
     EXPECT_TRUE(LoadLastStateGuarded(store, L"C:\\Data", remover, [](const std::wstring&) { return true; }));
 }
 
+// Work the load leaves for later is still under the guard: a start that dies there counts as a
+// load that never came back.
+TEST(CrashStartGuard, LeftOpenUntilTheLaterWorkIsDone) {
+    MemorySettings store;
+    RecordingRemover remover;
+    EXPECT_TRUE(LoadLastStateGuarded(store, L"C:\\Data", remover, [](const std::wstring&) { return true; }, true));
+    EXPECT_EQ(store.GetInt(L"Start", L"StartCrash", -1), 1);
+    EndLastStateLoad(store);
+    EXPECT_EQ(store.GetInt(L"Start", L"StartCrash", -1), 0);
+
+    // Died before the end: the next start deletes the file unread.
+    EXPECT_TRUE(LoadLastStateGuarded(store, L"C:\\Data", remover, [](const std::wstring&) { return true; }, true));
+    EXPECT_FALSE(LoadLastStateGuarded(store, L"C:\\Data", remover, [](const std::wstring&) { return true; }));
+    EXPECT_EQ(remover.removed, std::vector<std::wstring>{L"C:\\Data\\start.tsf"});
+}
+
 TEST(LastStateSaver, SavesOnceAndOnlyInStartModeFive) {
     std::vector<std::wstring> saved;
     LastStateSaver saver([&](const std::wstring& path) {
