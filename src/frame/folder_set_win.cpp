@@ -65,38 +65,33 @@ void CloseOtherTabs(CCBrowserTabView& strip) {
 }
 
 // The T-View keeps its selected tab, which takes the first tab of the file; the others follow
-// as new tabs, made lazily. A folder that is gone opens no tab. Answers the tab to select.
-int InsertTabs(CPloder& panel, const std::vector<const TabState*>& tabs, int selected) {
+// as new tabs, made lazily. A folder that is gone opens no tab. The tab is selected once the
+// strip is laid out, so that a new view is made at its size.
+void RestoreTabs(CPloder& panel, const std::vector<TabState>& tabs, int selected) {
     CCBrowserTabView& strip = panel.Tabs();
-    CCBrowserTabView::LayoutHold hold(strip);
     int select = -1;
-    bool keptUsed = strip.Count() == 0;
-    for (size_t i = 0; i < tabs.size(); ++i) {
-        win::UniquePidl folder = win::PidlFromPath(tabs[i]->folder);
-        if (!folder) continue;
-        int index = 0;
-        if (!keptUsed) {
-            keptUsed = true;
-            TabRecord record;
-            GiveSettings(*tabs[i], record);
-            if (CMyShellBrowser* browser = panel.Active()) ApplyTabSettings(record, *browser);
-            panel.NavigateTo(std::move(folder));
-        } else {
-            index = strip.InsertTab(std::move(folder));
-            if (TabRecord* record = index >= 0 ? strip.Record(index) : nullptr) GiveSettings(*tabs[i], *record);
+    {
+        CCBrowserTabView::LayoutHold hold(strip);
+        bool keptUsed = strip.Count() == 0;
+        for (size_t i = 0; i < tabs.size(); ++i) {
+            win::UniquePidl folder = win::PidlFromPath(tabs[i].folder);
+            if (!folder) continue;
+            int index = 0;
+            if (!keptUsed) {
+                keptUsed = true;
+                TabRecord record;
+                GiveSettings(tabs[i], record);
+                if (CMyShellBrowser* browser = panel.Active()) ApplyTabSettings(record, *browser);
+                panel.NavigateTo(std::move(folder));
+            } else {
+                index = strip.InsertTab(std::move(folder));
+                if (TabRecord* record = index >= 0 ? strip.Record(index) : nullptr) GiveSettings(tabs[i], *record);
+            }
+            if (static_cast<int>(i) == selected) select = index;
         }
-        if (static_cast<int>(i) == selected) select = index;
     }
     if (select < 0 && strip.Count() > 0 && strip.Selected() < 0) select = 0;
-    return select;
-}
-
-// Selected once the strip is laid out, so that a new view is made at its size.
-void RestoreTabs(CPloder& panel, const std::vector<TabState>& tabs, int selected) {
-    std::vector<const TabState*> order;
-    for (const TabState& tab : tabs) order.push_back(&tab);
-    const int select = InsertTabs(panel, order, selected);
-    if (select >= 0) panel.Tabs().Select(select);
+    if (select >= 0) strip.Select(select);
 }
 
 }  // namespace

@@ -266,8 +266,7 @@ void CAdressBar::OpenSegmentPopup(int index) {
 bool CAdressBar::SubmitTypedText() {
     HWND edit = Edit();
     if (!edit) return false;
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(edit)) + 1, L'\0');
-    text.resize(GetWindowTextW(edit, text.data(), static_cast<int>(text.size())));
+    const std::wstring text = win::WindowText(edit);
     if (shown_ && text == FolderText()) {  // the shown folder's own text: go there again
         navigate_(win::ClonePidl(shown_.get()));
         return true;

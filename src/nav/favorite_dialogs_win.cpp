@@ -6,16 +6,12 @@
 #include "core/settings_store_win.h"
 #include "nav/favorites_folder.h"
 #include "res/resource.h"
+#include "win/window_win.h"
 
 namespace tessel {
 namespace {
 
-std::wstring ItemText(HWND dialog, int id) {
-    HWND item = GetDlgItem(dialog, id);
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(item)) + 1, L'\0');
-    text.resize(static_cast<size_t>(GetWindowTextW(item, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
+std::wstring ItemText(HWND dialog, int id) { return win::WindowText(GetDlgItem(dialog, id)); }
 
 bool Checked(HWND dialog, int id) { return IsDlgButtonChecked(dialog, id) == BST_CHECKED; }
 

@@ -20,12 +20,7 @@ constexpr const wchar_t* kSections[] = {kProgramsSection, kQuickLinksSection, kA
 constexpr int kListNames[] = {62101, 62102, 62103};
 constexpr size_t kLargestListFile = 1 << 20;
 
-std::wstring FieldText(HWND page, int id) {
-    HWND field = GetDlgItem(page, id);
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(field)) + 1, L'\0');
-    text.resize(static_cast<size_t>(GetWindowTextW(field, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
+std::wstring FieldText(HWND page, int id) { return win::WindowText(GetDlgItem(page, id)); }
 
 }  // namespace
 

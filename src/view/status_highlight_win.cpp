@@ -30,8 +30,7 @@ LRESULT StatusHighlight::Proc(HWND window, UINT message, WPARAM wParam, LPARAM l
         return win::CallOriginal(window, message, wParam, lParam);
     }
     const LRESULT result = win::CallOriginal(window, message, wParam, lParam);
-    // A text change repaints the part at once, without a paint message to follow.
-    if (self->lit_ && (message == WM_PAINT || message == SB_SETTEXTW)) self->PaintOver();
+    if (self->lit_ && message == WM_PAINT) self->PaintOver();
     return result;
 }
 

@@ -191,7 +191,7 @@ void CPloder::ApplyAddressBarMode() {
         addressBar_->SetStyle(Options().adresbar_style);
     }
     if (addressBar_) ShowLocation(*addressBar_);
-    statusHighlight_.SetLit(inUse_ && Options().status_use_highlighted);
+    statusHighlight_.SetLit(inUse_ && Options().status_use_highlighted);  // its option sits on the bars' page
     Layout();
 }
 
