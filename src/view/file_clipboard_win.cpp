@@ -5,7 +5,11 @@
 
 #include <cstring>
 
+#include "core/fill_in.h"
+#include "core/language_packs_win.h"
+#include "res/resource.h"
 #include "view/copy_name.h"
+#include "view/name_clash.h"
 
 namespace tessel {
 namespace {
@@ -56,6 +60,22 @@ bool SameText(const std::wstring& a, const std::wstring& b) {
     return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
+bool Exists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+// The file operation of the platform replaces a file of the same name on a move without a
+// question where a copy asks; the move asks here first, once for all clashing names.
+ClashAnswer AskAboutClashes(HWND owner, const std::vector<std::wstring>& clashes) {
+    const std::wstring text = FillIn(GetText(IDS_MOVE_CLASH), {ClashList(clashes)});
+    switch (MessageBoxW(owner, text.c_str(), GetText(60000).c_str(), MB_YESNOCANCEL | MB_ICONWARNING | MB_DEFBUTTON2)) {
+    case IDYES:
+        return ClashAnswer::Replace;
+    case IDNO:
+        return ClashAnswer::Skip;
+    default:
+        return ClashAnswer::Cancel;
+    }
+}
+
 }  // namespace
 
 bool PutFilesOnClipboard(HWND owner, const std::vector<std::wstring>& paths, DWORD effect) {
@@ -97,19 +117,29 @@ bool CopyOrMoveFiles(HWND owner, const ClipboardFiles& files, const std::wstring
     if (files.paths.empty() || targetFolder.empty()) return false;
     const bool move = files.effect & DROPEFFECT_MOVE;
     if (move && SameText(FolderOf(files.paths.front()), targetFolder)) return false;  // nothing to move
-    const std::wstring from = DoubleNullList(files.paths);
+    std::vector<std::wstring> sources = files.paths;
+    bool replaceAnswered = false;
+    if (move) {
+        const std::vector<std::wstring> clashes = NameClashes(sources, targetFolder, Exists);
+        if (!clashes.empty()) {
+            const ClashAnswer answer = AskAboutClashes(owner, clashes);
+            sources = SourcesToMove(sources, clashes, answer);
+            replaceAnswered = answer == ClashAnswer::Replace;
+        }
+        if (sources.empty()) return false;
+    }
+    const std::wstring from = DoubleNullList(sources);
     SHFILEOPSTRUCTW operation{};
     operation.hwnd = owner;
     operation.wFunc = move ? FO_MOVE : FO_COPY;
     operation.pFrom = from.c_str();
-    operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMMKDIR;
+    // Asked once already: the platform's own question would only repeat it.
+    operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMMKDIR | (replaceAnswered ? FOF_NOCONFIRMATION : 0);
     std::vector<std::wstring> targets{targetFolder};
     if (!move && SameText(FolderOf(files.paths.front()), targetFolder)) {
         // Copies beside their originals get free names of their own.
         targets.clear();
-        auto taken = [&](const std::wstring& name) {
-            return GetFileAttributesW((targetFolder + L"\\" + name).c_str()) != INVALID_FILE_ATTRIBUTES;
-        };
+        auto taken = [&](const std::wstring& name) { return Exists(targetFolder + L"\\" + name); };
         for (const std::wstring& path : files.paths)
             targets.push_back(targetFolder + L"\\" + FreeCopyName(path.substr(path.find_last_of(L'\\') + 1), taken));
         operation.fFlags |= FOF_MULTIDESTFILES;

@@ -81,6 +81,12 @@ LRESULT CMyShellBrowser::ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM
             self->AnswerSizeText(reinterpret_cast<NMLVDISPINFOW*>(lParam));
             return result;
         }
+    } else if (message == kMsgViewOwnChangeNotice && ShellMissesOutsideChanges()) {
+        // That view renames the row of an item moved out of its folder without giving the row
+        // the new identifier (the row keeps a freed one, and the next read of it faults), and
+        // inserts new items unsorted and unfiltered. The directory watcher lists the folder
+        // again instead.
+        return 0;
     } else if (message == WM_NCDESTROY) {
         if (self->subclassedView_ == view) self->subclassedView_ = nullptr;
     }

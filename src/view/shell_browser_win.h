@@ -16,6 +16,7 @@
 #include "features/list_export.h"
 #include "view/column_store.h"
 #include "view/dir_watch_win.h"
+#include "view/file_clipboard_win.h"
 #include "view/navigation_history.h"
 #include "view/shell_change.h"
 #include "view/status_worker_win.h"
@@ -59,6 +60,7 @@ inline constexpr UINT kMsgQueryBrowser = WM_USER + 7;
 inline constexpr UINT kMsgShellChange = WM_USER + 0xCF0;
 inline constexpr UINT kMsgDirectoryChange = WM_USER + 0xCF1;
 inline constexpr UINT kMsgQueryItem = WM_USER + 0xE1;
+inline constexpr UINT kMsgViewOwnChangeNotice = WM_USER + 0x1111;  // the change notices Wine's view registers for itself
 inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
 inline constexpr UINT kMsgFolderSizes = WM_APP + 0x122;  // sizes are in the cache; wParam 1: all
 inline constexpr UINT_PTR kTimerFolderSizes = 10012;  // a change in the folder: measure again once it settles
@@ -137,6 +139,12 @@ public:
     // Hands this view's folder to another: with its view settings and columns, its history and
     // its selection as chosen.
     void TransferTo(CMyShellBrowser& target, bool viewSettings, bool history, bool selection);
+    // The file-system paths of the selected items that still exist.
+    std::vector<std::wstring> SelectedPaths() const;
+    // Copies or moves the files into the folder shown and lists it again; false when nothing was done.
+    bool TakeFiles(const ClipboardFiles& files);
+    // Lists the folder again with selection, focus and scroll position kept.
+    void RefreshKeepingPlace();
     // The identifiers of the selected items; empty when nothing is selected.
     std::vector<ItemBytes> SelectedItems() const;
     // The selected or all items of the view in list order, asked of the view in one call.
@@ -189,7 +197,6 @@ private:
     void StartDirectoryWatch();
     void OnDirectoryChange(const DirChange* change);
     void FollowDisk();
-    void RefreshKeepingPlace();
     bool HarvestStreams();
     bool SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted);
     FOLDERSETTINGS NextFolderSettings() const;
@@ -219,7 +226,6 @@ private:
     bool OnListKey(WPARAM key);
     void OnListContextMenu(HWND list, LPARAM lParam);
     void RunItemMenu(POINT screenPoint);
-    std::vector<std::wstring> SelectedPaths() const;
     void PasteFiles();
     void NewFolder();
     void InvokeSelectionVerb(const char* verb);

@@ -65,8 +65,10 @@ void CPloder::RunTransferCommand(UINT kind, UINT command) {
         target->BrowserNavigated(*target->Active());
         return;
     }
-    active_->Execute(kind == ID_COPY_TO_VIEW ? ID_VIEW_COPY : ID_VIEW_CUT);
-    target->Active()->Execute(ID_VIEW_PASTE);
+    // Handed over directly: the user's clipboard is neither read nor changed.
+    const ClipboardFiles files{active_->SelectedPaths(), kind == ID_COPY_TO_VIEW ? DWORD(DROPEFFECT_COPY) : DWORD(DROPEFFECT_MOVE)};
+    if (files.paths.empty()) return;
+    if (target->Active()->TakeFiles(files) && files.effect == DROPEFFECT_MOVE) active_->RefreshKeepingPlace();
 }
 
 void CPloder::ShowTransferMenu(UINT kind, POINT screen) {

@@ -167,26 +167,28 @@ bool CMyShellBrowser::RunMenuCommand(IContextMenu* menu, UINT offset) {
 
 std::vector<std::wstring> CMyShellBrowser::SelectedPaths() const {
     std::vector<std::wstring> paths;
-    win::ComPtr<IDataObject> data;
-    if (!view_ || FAILED(view_->GetItemObject(SVGIO_SELECTION, IID_IDataObject, data.put_void()))) return paths;
-    FORMATETC format{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-    STGMEDIUM medium{};
-    if (FAILED(data->GetData(&format, &medium))) return paths;
-    auto drop = static_cast<HDROP>(medium.hGlobal);
-    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
-        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
-        paths.push_back(std::move(path));
+    if (!shown_) return paths;
+    for (const ItemBytes& bytes : SelectedItems()) {
+        if (!IsItemList(bytes)) continue;
+        win::UniquePidl item(ILCombine(shown_.get(), reinterpret_cast<PCUIDLIST_RELATIVE>(bytes.data())));
+        std::wstring path = item ? win::FileSystemPathOf(item.get()) : std::wstring();
+        // A row the list still shows for an item moved or deleted a moment ago is left out.
+        if (!path.empty() && GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES) paths.push_back(std::move(path));
     }
-    ReleaseStgMedium(&medium);
     return paths;
+}
+
+bool CMyShellBrowser::TakeFiles(const ClipboardFiles& files) {
+    const std::wstring target = win::FileSystemPathOf(shown_.get());
+    if (target.empty() || !CopyOrMoveFiles(hwnd(), files, target)) return false;
+    RefreshKeepingPlace();
+    return true;
 }
 
 void CMyShellBrowser::PasteFiles() {
     ClipboardFiles files;
     const std::wstring target = win::FileSystemPathOf(shown_.get());
-    if (ReadClipboardFiles(hwnd(), files) && tessel::PasteFiles(hwnd(), files, target) && view_) view_->Refresh();
+    if (ReadClipboardFiles(hwnd(), files) && tessel::PasteFiles(hwnd(), files, target)) RefreshKeepingPlace();
 }
 
 void CMyShellBrowser::NewFolder() {
@@ -244,7 +246,7 @@ void CMyShellBrowser::Execute(int command) {
         if (hasFolder) PasteFiles();
         break;
     case ID_VIEW_DELETE:
-        if (DeleteFiles(hwnd(), SelectedPaths(), false) && view_) view_->Refresh();
+        if (DeleteFiles(hwnd(), SelectedPaths(), false)) RefreshKeepingPlace();
         break;
     case ID_VIEW_RENAME:
         if (HWND list = GetListControl()) {

@@ -69,22 +69,18 @@ void CMyShellBrowser::ForEachViewItem(bool selectedOnly, const std::function<voi
     ForEachIdArrayItem(data.get(), [&](const uint8_t* bytes, size_t) { take(reinterpret_cast<PCUITEMID_CHILD>(bytes)); });
 }
 
+// Read from the list's rows, never from the view's selection object: after a move or delete
+// the view may still hold rows whose items are gone, and building its data object for them
+// faulted inside the shell.
 std::vector<ItemBytes> CMyShellBrowser::SelectedItems() const {
     HWND list = GetListControl();
-    if (!view_ || !list || SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0) <= 0) return {};
-    win::ComPtr<IDataObject> data;
-    if (SUCCEEDED(view_->GetItemObject(SVGIO_SELECTION, IID_IDataObject, data.put_void()))) {
-        std::vector<ItemBytes> items = ItemsOfIdArray(data.get());
-        if (!items.empty()) return items;
-    }
-    // Without the array: the list's selected rows, each asked of the view.
+    if (!folderView_ || !list || SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0) <= 0) return {};
     std::vector<ItemBytes> items;
-    win::ComPtr<IFolderView> folderView = view_.As<IFolderView>();
-    for (int index = -1; folderView;) {
+    for (int index = -1;;) {
         index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED));
         if (index < 0) break;
         PITEMID_CHILD child = nullptr;
-        if (SUCCEEDED(folderView->Item(index, &child)) && child) items.push_back(BytesOf(child));
+        if (SUCCEEDED(folderView_->Item(index, &child)) && child) items.push_back(BytesOf(child));
         CoTaskMemFree(child);
     }
     return items;

@@ -14,47 +14,16 @@
 namespace tessel {
 namespace {
 
+using testing::AnyFileMatches;
 using testing::FileExists;
 using testing::LowerCase;
+using testing::MessageAnswer;
 using testing::ReadBytes;
 using testing::TempFolder;
 using testing::TesselProcess;
 using testing::ReadUnicodeText;
 using testing::WriteBytes;
 using testing::WriteUnicodeText;
-
-// Answers Tessel's message boxes while it lives and keeps the text of the last one.
-class MessageAnswer {
-public:
-    explicit MessageAnswer(int answer = IDOK)
-        : thread_([this, answer](std::stop_token stop) {
-              while (!stop.stop_requested()) {
-                  if (HWND box = FindWindowW(L"#32770", L"Tessel")) {
-                      wchar_t text[512] = {};
-                      // A box found while it is being made has no text yet: look again.
-                      if (!GetDlgItemTextW(box, 0xFFFF, text, 512)) {
-                          Sleep(20);
-                          continue;
-                      }
-                      {
-                          std::lock_guard lock(mutex_);
-                          text_ = text;
-                      }
-                      PostMessageW(box, WM_COMMAND, answer, 0);
-                  }
-                  Sleep(20);
-              }
-          }) {}
-    std::wstring Text() {
-        std::lock_guard lock(mutex_);
-        return text_;
-    }
-
-private:
-    std::mutex mutex_;
-    std::wstring text_;
-    std::jthread thread_;  // last: stopped and joined first
-};
 
 class Startup : public ::testing::Test {
 protected:
@@ -173,7 +142,7 @@ TEST_F(Startup, QuitAndRestartBringsLayoutSplittersAndFoldersBack) {
         CloseHandle(held);
     }
     EXPECT_EQ(ReadBytes(folder_ / L"start.tsf"), saved);
-    EXPECT_FALSE(FileExists(folder_ / L"start.tsf.new")) << "no half-written file left behind";
+    EXPECT_FALSE(AnyFileMatches(folder_ / L"start.tsf.*.tmp")) << "no half-written file left behind";
 }
 
 // The T-View a last state names keeps the focus through the start and is saved again at exit.
@@ -381,6 +350,45 @@ TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
         MessageAnswer cancel(IDCANCEL);  // Cancel ends at once
         EXPECT_EQ(tessel.WaitForExit(5000), 1);
     }
+}
+
+// The last state is written shortly after a change, before Windows ends the session, and at an
+// exit from the notification area, where the whole window is hidden.
+TEST_F(Startup, TheLastStateIsKeptAfterChangesAtSessionEndAndFromTheTray) {
+    WritePrivateProfileStringW(L"Start", L"tray_icon", L"1", Ini().c_str());
+    TempFolder a, b;
+    const std::wstring state = folder_ / L"start.tsf";
+    auto saved = [&] { return FileExists(state) ? ReadUnicodeText(state) : std::wstring(); };
+    auto holdsBoth = [&](const std::wstring& text) {
+        return LowerCase(text).find(L"folder1=" + LowerCase(a.path())) != std::wstring::npos &&
+               LowerCase(text).find(L"folder2=" + LowerCase(b.path())) != std::wstring::npos;
+    };
+    TesselProcess tessel(exe_, L"\"" + a.path() + L"\" \"" + b.path() + L"\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST + 3, 0);
+    bool written = false;
+    for (int i = 0; i < 200 && !written; ++i, Sleep(50)) written = saved().find(L"ViewMode=3") != std::wstring::npos;
+    EXPECT_TRUE(written) << "a changed layout is saved within seconds, without an exit";
+    EXPECT_TRUE(holdsBoth(saved()));
+
+    DeleteFileW(state.c_str());
+    DWORD_PTR answer = 0;
+    ASSERT_TRUE(SendMessageTimeoutW(tessel.Frame(), WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 5000, &answer));
+    EXPECT_EQ(answer, TRUE) << "Tessel lets the session end";
+    EXPECT_TRUE(holdsBoth(saved())) << "the state is on disk before Windows may end the process";
+    WritePrivateProfileStringW(L"Start", L"WinRC", nullptr, Ini().c_str());
+    SendMessageTimeoutW(tessel.Frame(), WM_ENDSESSION, TRUE, 0, SMTO_ABORTIFHUNG, 5000, &answer);
+    RectI placement;
+    EXPECT_TRUE(CMyProfStr(exe_).GetRect(L"Start", L"WinRC", placement)) << "the placement is kept too";
+
+    ShowWindow(tessel.Frame(), SW_MINIMIZE);
+    for (int i = 0; i < 50 && IsWindowVisible(tessel.Frame()); ++i) Sleep(20);
+    ASSERT_FALSE(IsWindowVisible(tessel.Frame()));
+    DeleteFileW(state.c_str());
+    PostMessageW(tessel.Frame(), WM_COMMAND, ID_APP_EXIT, 0);  // the tray menu's Exit
+    EXPECT_EQ(tessel.WaitForExit(), 0);
+    EXPECT_TRUE(holdsBoth(saved())) << "an exit from the tray keeps the T-Views";
 }
 
 // With tray_icon a minimised window waits in the notification area; a click brings it back,

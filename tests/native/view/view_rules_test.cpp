@@ -7,6 +7,7 @@
 #include "view/browser_slots.h"
 #include "view/copy_name.h"
 #include "view/location_text.h"
+#include "view/name_clash.h"
 #include "view/shell_change.h"
 #include "view/status_text.h"
 
@@ -78,6 +79,21 @@ TEST(CopyName, NumbersUntilFreeAndKeepsTheExtension) {
     EXPECT_EQ(FreeCopyName(L".profile", taken), L".profile (2)");
     EXPECT_EQ(FreeCopyName(L"archive.tar.gz", taken), L"archive.tar (2).gz");
     EXPECT_EQ(FreeCopyName(L"x", [](const std::wstring&) { return true; }), L"x (10000)");
+}
+
+TEST(NameClash, AMoveMeetsNamesTakenInTheTargetAndFollowsTheAnswer) {
+    const std::set<std::wstring> there{L"D:\\to\\a.txt", L"D:\\to\\Sub"};
+    auto exists = [&](const std::wstring& path) { return there.count(path) > 0; };
+    const std::vector<std::wstring> sources{L"C:\\from\\a.txt", L"C:\\from\\b.txt", L"C:\\from\\Sub"};
+    const auto clashes = NameClashes(sources, L"D:\\to", exists);
+    EXPECT_EQ(clashes, (std::vector<std::wstring>{L"C:\\from\\a.txt", L"C:\\from\\Sub"}));
+    EXPECT_EQ(NameClashes(sources, L"D:\\to\\", exists), clashes) << "a trailing backslash is the same folder";
+    EXPECT_TRUE(NameClashes({L"D:\\to\\a.txt"}, L"d:\\TO", exists).empty()) << "an item onto itself";
+    EXPECT_EQ(SourcesToMove(sources, clashes, ClashAnswer::Replace), sources);
+    EXPECT_EQ(SourcesToMove(sources, clashes, ClashAnswer::Skip), (std::vector<std::wstring>{L"C:\\from\\b.txt"}));
+    EXPECT_TRUE(SourcesToMove(sources, clashes, ClashAnswer::Cancel).empty());
+    EXPECT_EQ(ClashList(clashes), L"a.txt\nSub\n");
+    EXPECT_EQ(ClashList(sources, 1), L"a.txt\n\u2026\n");
 }
 
 TEST(ShellChange, FreeSpaceEventsAndThePathTheFolderSizesHear) {
