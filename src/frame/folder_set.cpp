@@ -125,6 +125,13 @@ int Position(const Lines& text, const wchar_t* key, int missing, int outOfRange)
 
 }  // namespace
 
+std::vector<int> RecordedViews(const std::array<bool, 4>& layoutShows, const std::array<bool, 4>& hasFolder) {
+    std::vector<int> views;
+    for (int i = 0; i < 4; ++i)
+        if (layoutShows[i] && hasFolder[i]) views.push_back(i);
+    return views;
+}
+
 std::wstring FolderSetPath(std::wstring path) {
     const size_t n = path.size();
     const bool hasExtension = n >= 4 && path[n - 4] == L'.' && std::towlower(path[n - 3]) == L't' &&

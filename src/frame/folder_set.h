@@ -55,6 +55,11 @@ struct FolderSet {
     int showCommand = 1;
 };
 
+// The T-Views (from 0) that a folder set records: those the layout shows and that have a folder.
+// Decided from the layout, never from the windows: a window waiting in the notification area
+// is hidden whole, and its arrangement must still be written.
+std::vector<int> RecordedViews(const std::array<bool, 4>& layoutShows, const std::array<bool, 4>& hasFolder);
+
 // ".tsf" is appended unless the path already ends with it (any case).
 std::wstring FolderSetPath(std::wstring path);
 

@@ -99,10 +99,15 @@ void RestoreTabs(CPloder& panel, const std::vector<TabState>& tabs, int selected
 FolderSet CMainFrame::CollectFolderSet(bool withLayout, bool withColumns, bool withPlacement) {
     FolderSet set;
     set.viewMode = withLayout ? layout_.layout : -1;
-    for (int i = 0; i < kViewCount; ++i) {
+    std::array<bool, kViewCount> hasFolder{};
+    for (int i = 0; i < kViewCount; ++i)
+        if (layout_.visible[i]) {
+            CMyShellBrowser* browser = panels_[i]->Active();
+            hasFolder[i] = browser && browser->Current();
+        }
+    for (int i : RecordedViews(layout_.visible, hasFolder)) {
         CPloder& panel = *panels_[i];
         CMyShellBrowser* browser = panel.Active();
-        if (!IsWindowVisible(panel.hwnd()) || !browser || !browser->Current()) continue;
         ViewRecord record;
         record.number = i + 1;
         record.active = TabOf(*browser);

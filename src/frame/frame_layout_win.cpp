@@ -43,6 +43,7 @@ void CMainFrame::SetLayout(int layout, bool fromButton) {
     layoutToolbar_.Check(layout);
     Layout();
     if (!layout_.visible[focusedView_ - 1]) FocusView(1);
+    StateChanged();
 }
 
 void CMainFrame::SetTreeMode(int mode, bool reloadViews) {
@@ -172,6 +173,7 @@ void CMainFrame::EndBarDrag() {
     if (draggedBar_ < 0) return;
     draggedBar_ = -1;
     if (GetCapture() == hwnd()) ReleaseCapture();
+    StateChanged();
 }
 
 LRESULT CMainFrame::OnNotify(NMHDR* header) {

@@ -27,8 +27,12 @@ void EndLastStateLoad(ISettingsStore& store) {
 
 void LastStateSaver::SaveOnce(int startMode, const std::wstring& dataFolder) {
     if (ran_) return;
-    if (startMode == kStartModeLastState) save_(LastStatePath(dataFolder));
+    SaveNow(startMode, dataFolder);
     ran_ = true;
+}
+
+bool LastStateSaver::SaveNow(int startMode, const std::wstring& dataFolder) {
+    return !ran_ && startMode == kStartModeLastState && save_(LastStatePath(dataFolder));
 }
 
 }  // namespace tessel

@@ -27,11 +27,14 @@ bool LoadLastStateGuarded(ISettingsStore& store, const std::wstring& dataFolder,
                           const FolderSetLoader& load, bool leaveOpen = false);
 void EndLastStateLoad(ISettingsStore& store);  // writes 0 when the flag is 1
 
-// Saves at most once per process, and only when the start mode reopens the last state.
+// Saves only when the start mode reopens the last state: once at exit, and while the program
+// runs after changes (so that a crash costs seconds, not the session's arrangement).
 class LastStateSaver {
 public:
     explicit LastStateSaver(std::function<bool(const std::wstring& path)> save) : save_(std::move(save)) {}
     void SaveOnce(int startMode, const std::wstring& dataFolder);
+    // A save before the exit; the one at exit still follows. False when nothing was written.
+    bool SaveNow(int startMode, const std::wstring& dataFolder);
     bool HasRun() const { return ran_; }
 
 private:

@@ -24,6 +24,8 @@ namespace tessel {
 namespace {
 
 constexpr UINT kTimerParked = 2000;
+constexpr UINT kTimerSaveState = 2001;
+constexpr UINT kSaveStateDelayMs = 3000;  // changes within this time are saved together
 constexpr int kFailedLoadParam = 100;  // lParam of the command posted when a named file fails
 
 bool IsExistingFile(const std::wstring& path) {
@@ -433,10 +435,28 @@ void CMainFrame::TabCommand(int id) {
     case ID_TAB_NEXT: panel.NextTab(1); break;
     case ID_TAB_PREVIOUS: panel.NextTab(-1); break;
     }
+    StateChanged();
 }
 
 void CMainFrame::SaveStateOnce() {
+    KillTimer(hwnd(), kTimerSaveState);
     lastState_.SaveOnce(Options().Als, Settings().DataFolder());
+    SaveViewSettings();
+}
+
+// Layout, tabs or folders changed: the last state is written again shortly, so that a crash
+// costs seconds. Changes that follow within the delay are saved together.
+void CMainFrame::StateChanged() {
+    if (!saveArmed_ && hwnd()) saveArmed_ = SetTimer(hwnd(), kTimerSaveState, kSaveStateDelayMs, nullptr) != 0;
+}
+
+void CMainFrame::SaveStateNow() {
+    KillTimer(hwnd(), kTimerSaveState);
+    saveArmed_ = false;
+    // While the last state is still being opened, the file on disk is the better one; the
+    // views left for later would also be made at once by gathering them.
+    if (lastStateOpen_) return StateChanged();
+    lastState_.SaveNow(Options().Als, Settings().DataFolder());
     SaveViewSettings();
 }
 
@@ -513,6 +533,14 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE: RequestClose(); return 0;
     case WM_TIMER:
         if (wParam == kTimerParked) CheckParkedDialogs();
+        else if (wParam == kTimerSaveState) SaveStateNow();
+        return 0;
+    case WM_QUERYENDSESSION:
+        // Windows may end the process soon after it asks: the state is written before answering.
+        SaveStateNow();
+        return TRUE;
+    case WM_ENDSESSION:
+        if (wParam) SaveStateNow();
         return 0;
     case kTrayMessage: OnTrayIcon(lParam); return 0;
     case WM_SETFOCUS:
@@ -538,6 +566,7 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     }
     case kMsgViewNavigated:
+        StateChanged();
         if (static_cast<int>(wParam) + 1 == focusedView_) {
             ShowFocusedLocation();
             UpdatePreview();

@@ -110,6 +110,8 @@ private:
 
     void RequestClose();
     void SaveStateOnce();
+    void StateChanged();
+    void SaveStateNow();
     void FinishAndQuit();
     void CheckParkedDialogs();
     static constexpr UINT kTrayMessage = WM_APP + 1;  // from the icon in the notification area
@@ -130,6 +132,7 @@ private:
     SIZE laidOut_{-1, -1};           // the client size of the last layout
     bool trayAsking_ = false;        // the tray icon's question is open
     bool parked_ = false;            // hidden until the open dialogs are closed
+    bool saveArmed_ = false;         // a save of the last state is waiting for its timer
     bool lastStateOpen_ = false;     // the crash-start guard is held until the later views are made
     bool inTray_ = false;            // minimised into the notification area
     std::array<RECT, 3> splitterAreas_{};  // the area each splitter divides, for dragging

@@ -100,6 +100,12 @@ TEST(FolderSet, DefaultsRangesAndTheTabLimit) {
     EXPECT_EQ(many.views[2].selectedTab, 4);
 }
 
+TEST(FolderSet, RecordsTheViewsTheLayoutShowsThatHaveAFolder) {
+    EXPECT_EQ(RecordedViews({true, true, false, true}, {true, true, true, false}), (std::vector<int>{0, 1}));
+    EXPECT_EQ(RecordedViews({true, true, true, true}, {true, true, true, true}), (std::vector<int>{0, 1, 2, 3}));
+    EXPECT_TRUE(RecordedViews({false, false, false, false}, {true, true, true, true}).empty());
+}
+
 TEST(FolderSet, PathsAndFileBytes) {
     EXPECT_EQ(FolderSetPath(L"C:\\sets\\work"), L"C:\\sets\\work.tsf");
     EXPECT_EQ(FolderSetPath(L"C:\\sets\\work.tsf"), L"C:\\sets\\work.tsf");
