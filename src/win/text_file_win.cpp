@@ -6,10 +6,26 @@
 
 namespace tessel::win {
 
+namespace {
+
+// A name beside the target that no file has: a fixed one would destroy a user's file of that name.
+UniqueHandle CreateTemporaryBeside(const std::wstring& path, std::wstring& temporary) {
+    static LONG counter = 0;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        temporary = path + L"." + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                    std::to_wstring(InterlockedIncrement(&counter)) + L".tmp";
+        UniqueHandle file(CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (file || GetLastError() != ERROR_FILE_EXISTS) return file;
+    }
+    return UniqueHandle();
+}
+
+}  // namespace
+
 bool WriteFileReplacing(const std::wstring& path, const std::string& bytes) {
-    const std::wstring temporary = path + L".new";
-    UniqueHandle file(CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                                  nullptr));
+    std::wstring temporary;
+    UniqueHandle file = CreateTemporaryBeside(path, temporary);
     if (!file) return false;
     DWORD written = 0;
     const bool ok = WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&

@@ -164,18 +164,20 @@ TEST(ListExport, FolderListWrittenAndParsedBackAndTargetsKept) {
 
     TempFolder out;
     const std::wstring csv = out / L"list.csv";
+    WriteBytes(csv + L".new", "a user's own file");  // the writer's temporary names never meet it
     ASSERT_TRUE(WriteExportFile(csv, table, ExportType::kCsv));
     const std::string bytes = ReadBytes(csv);
     EXPECT_EQ(bytes.rfind("\xEF\xBB\xBF\"", 0), 0u);
     EXPECT_NE(bytes.find("\"semi;colon & co.txt\""), std::string::npos);
     const std::string hiddenCaption(table.captions[2].begin(), table.captions[2].end());
     EXPECT_EQ(bytes.substr(0, bytes.find('\r')).find(hiddenCaption), std::string::npos) << "a narrow column is left out";
-    EXPECT_FALSE(FileExists(csv + L".new"));
+    EXPECT_EQ(ReadBytes(csv + L".new"), "a user's own file");
+    EXPECT_FALSE(AnyFileMatches(out / L"*.tmp")) << "no temporary file left behind";
 
     SetFileAttributesW(csv.c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_FALSE(WriteExportFile(csv, table, ExportType::kHtml)) << "a read-only target is not replaced";
     EXPECT_EQ(ReadBytes(csv), bytes);
-    EXPECT_FALSE(FileExists(csv + L".new"));
+    EXPECT_FALSE(AnyFileMatches(out / L"*.tmp"));
     SetFileAttributesW(csv.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_FALSE(WriteExportFile(out / L"no\\such\\folder.txt", table, ExportType::kText));
 }
