@@ -136,15 +136,23 @@ void CFarbenOpt::ExportRules() {
         MessageBoxW(page_, (GetText(IDS_EXPORT_FAILED) + L"\n" + path).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
 
-// A file without the rules header is taken only when the user says so.
+// A file without the rules header is taken only when the user says so; a file that gives no
+// rules leaves the list as it was and says why.
 void CFarbenOpt::ImportRules() {
     const std::wstring path = win::ChooseFile(page_, false, win::FileFilter(L"color.ini", L"*.ini;*.txt"), nullptr, nullptr, nullptr);
     if (path.empty()) return;
-    const std::wstring text = ReadUserTextFile(path, kLargestRulesFile);
+    std::wstring text;
+    UserFileProblem problem = ReadUserTextFile(path, kLargestRulesFile, text);
+    if (problem != UserFileProblem::kNone) return ReportImportProblem(page_, problem, path, kLargestRulesFile);
     if (!HasRulesFileHeader(text) &&
         MessageBoxW(page_, GetText(80).c_str(), GetText(60000).c_str(), MB_YESNO | MB_ICONQUESTION) != IDYES)
         return;
     const std::vector<ColourRule> rules = ParseRulesFile(text);
+    if (rules.empty()) return ReportImportProblem(page_, UserFileProblem::kEmpty, path, kLargestRulesFile);
+    ShowRules(rules);
+}
+
+void CFarbenOpt::ShowRules(const std::vector<ColourRule>& rules) {
     filling_ = true;
     ListView_DeleteAllItems(list_);
     for (const ColourRule& rule : rules) AddRow(RuleCells(rule), rule.enabled != 0);
@@ -191,26 +199,36 @@ void CFarbenOpt::ExportTabSeparated() {
         win::ChooseFile(page_, true, win::FileFilter(L"Tabgetrennt(*.ini)", L"*.ini"), L"Export zu txt", nullptr, L"ini");
     if (path.empty()) return;
     std::vector<std::vector<std::wstring>> rows;
-    for (int row = 0; row < ListView_GetItemCount(list_); ++row) rows.push_back(Cells(row));
+    for (int row = 0; row < ListView_GetItemCount(list_); ++row)
+        rows.push_back(RuleTabRow(RuleOfCells(Cells(row), ListView_GetCheckState(list_, row) != 0)));
     if (!win::WriteUnicodeFile(path, FormatTabSeparated(rows)))
         MessageBoxW(page_, (GetText(IDS_EXPORT_FAILED) + L"\n" + path).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
 
+// Rows whose pattern would not read back as the same rule are left out.
 void CFarbenOpt::ImportTabSeparated() {
     const std::wstring path =
         win::ChooseFile(page_, false, win::FileFilter(L"Tabgetrennt(*.ini)", L"*.ini"), L"Import aus (ini)txt", nullptr, nullptr);
     if (path.empty()) return;
-    const auto rows = ParseTabSeparated(ReadUserTextFile(path, kLargestRulesFile));
-    filling_ = true;
-    ListView_DeleteAllItems(list_);
-    for (size_t i = 0; i < rows.size() && i < kRuleSlots; ++i) AddRow(rows[i], true);
-    filling_ = false;
-    SaveFromPage();
+    std::wstring text;
+    const UserFileProblem problem = ReadUserTextFile(path, kLargestRulesFile, text);
+    if (problem != UserFileProblem::kNone) return ReportImportProblem(page_, problem, path, kLargestRulesFile);
+    std::vector<ColourRule> rules;
+    for (const auto& row : ParseTabSeparated(text)) {
+        ColourRule rule = RuleOfTabRow(row);
+        if (RulePatternStorable(rule.pattern) && rules.size() < kRuleSlots) rules.push_back(std::move(rule));
+    }
+    if (rules.empty()) return ReportImportProblem(page_, UserFileProblem::kEmpty, path, kLargestRulesFile);
+    ShowRules(rules);
 }
 
 bool CFarbenOpt::Command(HWND, int id, int) {
     switch (id) {
     case ID_COLOUR_NEW: {
+        if (ListView_GetItemCount(list_) >= kRuleSlots) {  // a rule more would be shown but never kept
+            MessageBoxW(page_, GetText(IDS_RULES_FULL).c_str(), GetText(60000).c_str(), MB_OK | MB_ICONINFORMATION);
+            return true;
+        }
         static const bool seeded = (std::srand(static_cast<unsigned>(std::time(nullptr))), true);
         (void)seeded;
         const int colour = (std::rand() & 127) | ((std::rand() & 127) << 8) | ((std::rand() & 127) << 16);
@@ -232,7 +250,7 @@ bool CFarbenOpt::Command(HWND, int id, int) {
     case ID_COLOUR_PRIORITIES:
         MessageBoxW(page_, Colours().Index().PriorityText().c_str(), GetText(IDS_PAGE_COLOURS).c_str(), MB_OK);
         return true;
-    case ID_COLOUR_HELP: OpenHelp(L"Farben"); return true;
+    case ID_COLOUR_HELP: OpenHelp(L"#Farben"); return true;
     case ID_COLOUR_RECOMMEND: {
         const int row = Selected();
         if (row < 0) return true;
@@ -267,8 +285,12 @@ bool CFarbenOpt::Notify(HWND, NMHDR* header, LRESULT& result) {
     }
     case LVN_ENDLABELEDITW: {
         const auto* edit = reinterpret_cast<NMLVDISPINFOW*>(header);
-        result = edit->item.pszText && edit->item.pszText[0];  // an empty pattern is refused
-        if (result) {
+        if (!edit->item.pszText) return result = FALSE, true;  // the edit was cancelled
+        // A pattern that would not read back as the same rule is refused; the row keeps its old one.
+        result = RulePatternStorable(edit->item.pszText);
+        if (!result) {
+            MessageBoxW(page_, GetText(IDS_PATTERN_NOT_STORABLE).c_str(), GetText(60000).c_str(), MB_OK | MB_ICONWARNING);
+        } else {
             ListView_SetItemText(list_, edit->item.iItem, 0, edit->item.pszText);
             SaveFromPage();
         }

@@ -1,6 +1,7 @@
 #pragma once
 // The colour page of the options dialog: the colour rules as a list to edit, the schemes, the
 // rules file, the effective order of the tokens.
+#include "features/colour_rules.h"
 #include "frame/options_dialog_win.h"
 
 #include <string>
@@ -29,6 +30,7 @@ private:
     void ShowListMenu(POINT screenPoint);
     void ExportTabSeparated();
     void ImportTabSeparated();
+    void ShowRules(const std::vector<ColourRule>& rules);  // replaces the list and keeps it
     int Selected() const;
 
     HWND page_ = nullptr;

@@ -170,6 +170,8 @@ void FillScheme(RuleTable& table, int scheme) {
     table.count = slot;
 }
 
+constexpr size_t kRuleCellCount = 6;  // pattern, colour and the four styles
+
 std::vector<std::wstring> RuleCells(const ColourRule& rule) {
     return {rule.pattern,
             FormatColourText(rule.colour),
@@ -190,6 +192,23 @@ ColourRule RuleOfCells(const std::vector<std::wstring>& cells, bool enabled) {
     rule.underline = FieldInt(cell(4));
     rule.strikeout = FieldInt(cell(5));
     return rule;
+}
+
+bool RulePatternStorable(std::wstring_view pattern) {
+    if (pattern.empty() || pattern.find_first_of(L"=\r\n") != std::wstring_view::npos) return false;
+    ColourRule widest{std::wstring(pattern)};
+    widest.colour = 0;
+    return FormatRuleLine(widest).size() < kSettingsValueLimit;
+}
+
+std::vector<std::wstring> RuleTabRow(const ColourRule& rule) {
+    std::vector<std::wstring> row = RuleCells(rule);
+    row.push_back(rule.enabled ? L"1" : L"0");
+    return row;
+}
+
+ColourRule RuleOfTabRow(const std::vector<std::wstring>& row) {
+    return RuleOfCells(row, row.size() <= kRuleCellCount || row[kRuleCellCount] != L"0");
 }
 
 int NextStyleValue(int value) { return value == -1 ? 1 : value == 0 ? -1 : 0; }

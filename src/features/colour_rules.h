@@ -58,6 +58,13 @@ void FillScheme(RuleTable& table, int scheme);
 // strikeout (the check box holds `enabled`), and back; missing cells read as -1.
 std::vector<std::wstring> RuleCells(const ColourRule& rule);
 ColourRule RuleOfCells(const std::vector<std::wstring>& cells, bool enabled);
+// Whether a pattern reads back as the same rule from the settings: no "=" (it separates the
+// fields), no line break, and a line that fits the settings' value limit.
+bool RulePatternStorable(std::wstring_view pattern);
+// A rule as a row of the tab-separated list file: its cells, then "1" or "0" for enabled; a row
+// without that last cell (older files) reads as enabled.
+std::vector<std::wstring> RuleTabRow(const ColourRule& rule);
+ColourRule RuleOfTabRow(const std::vector<std::wstring>& row);
 // The style value a click on its cell gives next: -1 (left to later rules), then on, then off.
 int NextStyleValue(int value);
 

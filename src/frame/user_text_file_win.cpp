@@ -4,7 +4,10 @@
 
 #include <algorithm>
 
+#include "core/fill_in.h"
+#include "core/language_packs_win.h"
 #include "frame/folder_set.h"
+#include "res/resource.h"
 #include "win/text_file_win.h"
 
 namespace tessel {
@@ -23,6 +26,27 @@ std::wstring CodePageText(std::string_view bytes) {
 std::wstring ReadUserTextFile(const std::wstring& path, size_t limit) {
     std::string bytes;
     return win::ReadFileBytes(path, limit, bytes) ? FolderSetText(bytes, CodePageText) : std::wstring();
+}
+
+UserFileProblem ReadUserTextFile(const std::wstring& path, size_t limit, std::wstring& text) {
+    text.clear();
+    WIN32_FILE_ATTRIBUTE_DATA facts{};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &facts) ||
+        (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+        return UserFileProblem::kUnreadable;
+    if (facts.nFileSizeHigh != 0 || facts.nFileSizeLow > limit) return UserFileProblem::kTooLarge;
+    std::string bytes;
+    if (!win::ReadFileBytes(path, limit, bytes)) return UserFileProblem::kUnreadable;
+    text = FolderSetText(bytes, CodePageText);
+    return text.find_first_not_of(L" \t\r\n") == std::wstring::npos ? UserFileProblem::kEmpty : UserFileProblem::kNone;
+}
+
+void ReportImportProblem(HWND owner, UserFileProblem problem, const std::wstring& path, size_t limit) {
+    const int id = problem == UserFileProblem::kTooLarge ? IDS_IMPORT_TOO_LARGE
+                   : problem == UserFileProblem::kEmpty  ? IDS_IMPORT_EMPTY
+                                                         : IDS_IMPORT_UNREADABLE;
+    const std::wstring text = FillIn(GetText(id), {std::to_wstring(limit / 1024)}) + L"\n" + path;
+    MessageBoxW(owner, text.c_str(), GetText(60000).c_str(), MB_OK | MB_ICONWARNING);
 }
 
 }  // namespace tessel

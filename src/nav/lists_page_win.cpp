@@ -95,19 +95,30 @@ void CListsOpt::Export() {
         MessageBoxW(page_, (GetText(IDS_EXPORT_FAILED) + L"\n" + path).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
 
-// The rows of the file replace the list; a row needs a name or a target.
+// The rows of the file replace the list; a row needs a name that reads back equal. A file that
+// gives no entries leaves the list as it was and says why.
 void CListsOpt::Import() {
     const std::wstring path = win::ChooseFile(page_, false, win::FileFilter(L"Tabgetrennt(*.ini)", L"*.ini;*.txt"),
                                               L"Import aus (ini)txt", nullptr, nullptr);
     if (path.empty()) return;
+    std::wstring text;
+    const UserFileProblem problem = ReadUserTextFile(path, kLargestListFile, text);
+    if (problem != UserFileProblem::kNone) return ReportImportProblem(page_, problem, path, kLargestListFile);
     std::vector<QuickLinkEntry> read;
-    for (const auto& row : ParseTabSeparated(ReadUserTextFile(path, kLargestListFile))) {
+    for (const auto& row : ParseTabSeparated(text)) {
         QuickLinkEntry entry{row.empty() ? L"" : row[0], row.size() > 1 ? row[1] : L""};
         if (entry.target.empty()) entry.target = entry.name;
-        if (!entry.name.empty() && read.size() < kQuickLinkMaxEntries) read.push_back(std::move(entry));
+        if (QuickLinkStorable(entry) && read.size() < kQuickLinkMaxEntries) read.push_back(std::move(entry));
     }
+    if (read.empty()) return ReportImportProblem(page_, UserFileProblem::kEmpty, path, kLargestListFile);
     entries_ = std::move(read);
     Save();
+}
+
+bool CListsOpt::Storable(const QuickLinkEntry& entry) const {
+    if (QuickLinkStorable(entry)) return true;
+    MessageBoxW(page_, GetText(IDS_ENTRY_NOT_STORABLE).c_str(), GetText(60000).c_str(), MB_OK | MB_ICONWARNING);
+    return false;
 }
 
 bool CListsOpt::Command(HWND, int id, int code) {
@@ -125,7 +136,8 @@ bool CListsOpt::Command(HWND, int id, int code) {
         return true;
     case IDC_LISTS_ADD: {
         const QuickLinkEntry entry = Edited();
-        if (entry.name.empty() || entry.target.empty() || entries_.size() >= kQuickLinkMaxEntries) return true;
+        if (entry.name.empty() || entry.target.empty() || entries_.size() >= kQuickLinkMaxEntries || !Storable(entry))
+            return true;
         const int at = selected < 0 ? static_cast<int>(entries_.size()) : selected + 1;
         entries_.insert(entries_.begin() + at, entry);
         WriteQuickLinks(Settings(), Section(), entries_);
@@ -133,7 +145,7 @@ bool CListsOpt::Command(HWND, int id, int code) {
         return true;
     }
     case IDC_LISTS_CHANGE:
-        if (selected < 0 || Edited().name.empty()) return true;
+        if (selected < 0 || Edited().name.empty() || !Storable(Edited())) return true;
         entries_[selected] = Edited();
         Save();
         return true;

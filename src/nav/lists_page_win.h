@@ -28,6 +28,7 @@ private:
     void Move(int step);
     void Export();
     void Import();
+    bool Storable(const QuickLinkEntry& entry) const;  // says why when not
     int Selected() const;
 
     HWND page_ = nullptr;

@@ -42,6 +42,14 @@ std::vector<QuickLinkEntry> ParseQuickLinks(std::wstring_view text) {
     return entries;
 }
 
+bool QuickLinkStorable(const QuickLinkEntry& entry) {
+    const std::wstring_view name = entry.name;
+    if (name.empty() || name.front() == L'[' || name.front() == L';' || name.find(L'=') != std::wstring_view::npos)
+        return false;
+    if ((entry.name + entry.target).find_first_of(L"\r\n") != std::wstring::npos) return false;
+    return name.size() + 1 + entry.target.size() < kSettingsValueLimit;
+}
+
 std::wstring FormatQuickLinks(const std::vector<QuickLinkEntry>& entries) {
     std::wstring lines;
     for (const QuickLinkEntry& entry : entries) lines += entry.name + L"=" + entry.target + L"\n";

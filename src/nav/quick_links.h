@@ -26,6 +26,11 @@ struct QuickLinkEntry {
     bool operator==(const QuickLinkEntry&) const = default;
 };
 
+// Whether the entry reads back equal from its settings line: a name without "=" that does not
+// begin with "[" or ";" (a section or a comment), neither part with a line break, and a line
+// that fits the settings' value limit.
+bool QuickLinkStorable(const QuickLinkEntry& entry);
+
 // Carriage returns dropped, empty lines skipped; a line without "=" names its own target.
 // At most kQuickLinkMaxEntries entries are kept.
 std::vector<QuickLinkEntry> ParseQuickLinks(std::wstring_view sectionText);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "features/colour_rules.h"
+#include "features/list_export.h"
 #include "features/rule_index.h"
 #include "support/memory_settings.h"
 
@@ -112,6 +113,34 @@ TEST(ColourRules, OptionsListRows) {
     EXPECT_EQ(NextStyleValue(1), 0);
     EXPECT_EQ(NextStyleValue(0), -1);
     EXPECT_EQ(NextStyleValue(7), 0);
+}
+
+// A pattern is taken exactly when it reads back from the settings as the same rule.
+TEST(ColourRules, APatternIsTakenOnlyWhenItReadsBackEqual) {
+    const std::wstring near(1000, L'x');
+    for (const std::wstring& pattern : {std::wstring(L"*.txt;*.log"), std::wstring(L"a=b"), std::wstring(L"=x"), near,
+                                        near + std::wstring(10, L'y')}) {
+        testing::MemorySettings settings;
+        RuleTable table;
+        table.slots[0] = {pattern, 0, Rgb(1, 2, 3), 1, 0, -1, 1};
+        table.count = 1;
+        WriteRules(settings, table, true);
+        RuleTable loaded;
+        LoadRules(settings, loaded);
+        const bool equal = loaded.count == 1 && loaded.slots[0] == table.slots[0];
+        EXPECT_EQ(RulePatternStorable(pattern), equal) << pattern.size() << " characters";
+    }
+    EXPECT_FALSE(RulePatternStorable(L""));
+    EXPECT_FALSE(RulePatternStorable(L"two\nlines")) << "a line break ends the settings line";
+}
+
+TEST(ColourRules, TabSeparatedRowsKeepADisabledRule) {
+    const ColourRule off{L"*.tmp", 0, Rgb(0x12, 0x34, 0x56), -1, 1, -1, 0};
+    const auto rows = ParseTabSeparated(FormatTabSeparated({RuleTabRow(off), RuleTabRow({L"*.c", 1})}));
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(RuleOfTabRow(rows[0]), off);
+    EXPECT_EQ(RuleOfTabRow(rows[1]).enabled, 1);
+    EXPECT_EQ(RuleOfTabRow({L"*.old", L"FF0000"}).enabled, 1) << "a row of an older file, without the last cell";
 }
 
 // An item whose attributes are given; counts how often it was asked.

@@ -88,6 +88,17 @@ TEST(QuickLinks, LinesSplitAtTheFirstEqualsSign) {
     EXPECT_EQ(ParseQuickLinks(many).size(), kQuickLinkMaxEntries) << "the command range holds 2000";
 }
 
+// An entry is taken only when its settings line reads back as the same entry: the profile
+// functions split a line at its first "=", take "[" for a section and ";" for a comment.
+TEST(QuickLinks, AnEntryIsTakenOnlyWhenItReadsBackEqual) {
+    EXPECT_TRUE(QuickLinkStorable({L"Home", L"C:\\Users a=b"}));
+    EXPECT_TRUE(QuickLinkStorable({L"x[1]", L"x"}));
+    for (const QuickLinkEntry& entry : std::vector<QuickLinkEntry>{{L"a=b", L"x"}, {L"[Section]", L"x"}, {L";note", L"x"},
+                                                                   {L"two\nlines", L"x"}, {L"n", L"t\r\nz"}, {L"", L"x"},
+                                                                   {L"n", std::wstring(1100, L'p')}})
+        EXPECT_FALSE(QuickLinkStorable(entry));
+}
+
 TEST(QuickLinks, DisabledListsAreNotOffered) {
     testing::MemorySettings settings;
     WriteQuickLinks(settings, kProgramsSection, {{L"Edit", L"notepad.exe"}});
