@@ -32,8 +32,20 @@ std::wstring TextCell(std::wstring_view cell) {
     return text;
 }
 
+// A spreadsheet runs a cell that begins with one of these as a formula (a name such as
+// "=HYPERLINK(...).txt" would run when the export is opened); a leading apostrophe makes it
+// plain text there and keeps it readable.
+std::wstring_view SpreadsheetSafe(std::wstring_view cell, std::wstring& guarded) {
+    if (cell.empty() || std::wstring_view(L"=+-@\t\r").find(cell.front()) == std::wstring_view::npos) return cell;
+    guarded = L"'";
+    guarded += cell;
+    return guarded;
+}
+
 // Every field is quoted, so ";" and line breaks stay inside it; a quote is doubled.
 std::wstring CsvCell(std::wstring_view cell) {
+    std::wstring guarded;
+    cell = SpreadsheetSafe(cell, guarded);
     std::wstring text = L"\"";
     for (wchar_t c : cell) {
         if (c == L'"') text += L'"';
@@ -86,7 +98,8 @@ std::wstring Delimited(const ExportTable& table, ExportType type) {
     return text;
 }
 
-std::wstring Html(const ExportTable& table) {
+// `forSpreadsheet`: the HTML that a spreadsheet opens (".xls"), whose cells it would run as formulas.
+std::wstring Html(const ExportTable& table, bool forSpreadsheet) {
     const std::vector<size_t> shown = ShownColumns(table);
     std::wstring text(kHtmlHead);
     text += L"<TABLE Border=0><TR class=\"b_gelb\">";
@@ -98,7 +111,8 @@ std::wstring Html(const ExportTable& table) {
         text += grey ? L"  <TR class=\"b_grau\">" : L"  <TR>";
         grey = !grey;
         for (size_t c : shown) {
-            const std::wstring& cell = CellOf(row, c);
+            std::wstring guarded;
+            const std::wstring_view cell = forSpreadsheet ? SpreadsheetSafe(CellOf(row, c), guarded) : CellOf(row, c);
             text += cell.empty() ? L"<td>&nbsp;</td>" : L"<td ><nobr>" + HtmlText(cell) + L"</td>";
         }
         text += L"   </TR>\r\n";
@@ -134,7 +148,7 @@ std::wstring WithExportExtension(std::wstring_view path, ExportType type) {
 }
 
 std::wstring FormatExport(const ExportTable& table, ExportType type) {
-    return type == ExportType::kText || type == ExportType::kCsv ? Delimited(table, type) : Html(table);
+    return type == ExportType::kText || type == ExportType::kCsv ? Delimited(table, type) : Html(table, type == ExportType::kXls);
 }
 
 std::string ExportFileBytes(const ExportTable& table, ExportType type) {

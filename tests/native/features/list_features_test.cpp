@@ -147,6 +147,22 @@ TEST(ListExport, HtmlTableEscapesAndAlternatesRows) {
     EXPECT_TRUE(std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; }));
 }
 
+// Names that a spreadsheet would run as formulas are kept as text there, and stay readable.
+TEST(ListExport, SpreadsheetCellsNeverRunAsFormulas) {
+    const ExportTable table{{L"Name"}, {100}, {{L"=HYPERLINK(\"http://x\").txt"}, {L"+1"}, {L"-2"}, {L"@SUM(A1)"},
+                                                {L"\tx"}, {L"\rx"}, {L"a=b"}, {L""}}};
+    EXPECT_EQ(FormatExport(table, ExportType::kCsv),
+              L"\"Name\"\r\n\"'=HYPERLINK(\"\"http://x\"\").txt\"\r\n\"'+1\"\r\n\"'-2\"\r\n\"'@SUM(A1)\"\r\n"
+              L"\"'\tx\"\r\n\"'\rx\"\r\n\"a=b\"\r\n\"\"\r\n");
+    const std::wstring xls = FormatExport(table, ExportType::kXls);
+    EXPECT_NE(xls.find(L"<nobr>'=HYPERLINK"), std::wstring::npos);
+    EXPECT_NE(xls.find(L"<nobr>'@SUM(A1)</td>"), std::wstring::npos);
+    EXPECT_NE(xls.find(L"<nobr>a=b</td>"), std::wstring::npos);
+    EXPECT_NE(FormatExport(table, ExportType::kHtml).find(L"<nobr>=HYPERLINK"), std::wstring::npos)
+        << "a web page shows the name as it is";
+    EXPECT_NE(FormatExport(table, ExportType::kText).find(L"\r\n=HYPERLINK"), std::wstring::npos);
+}
+
 TEST(ListExport, NamesTypesAndTabSeparatedLists) {
     EXPECT_EQ(WithExportExtension(L"C:\\out\\Export_1", ExportType::kCsv), L"C:\\out\\Export_1.csv");
     EXPECT_EQ(WithExportExtension(L"C:\\out\\list.HTML", ExportType::kHtml), L"C:\\out\\list.HTML");
