@@ -5,6 +5,7 @@
 #include <shlwapi.h>
 
 #include "core/settings_location.h"
+#include "frame/command_line.h"
 
 namespace tessel {
 namespace {
@@ -34,7 +35,8 @@ bool Launch(const wchar_t* file, const wchar_t* parameters) {
 
 }  // namespace
 
-bool OpenHelp(const std::wstring& anchor) {
+bool OpenHelp(const std::wstring& asked) {
+    const std::wstring anchor = SafeHelpAnchor(asked);
     const std::wstring page = HelpPagePath();
     if (GetFileAttributesW(page.c_str()) == INVALID_FILE_ATTRIBUTES) return false;
     // Opening the page by its file name drops the anchor, so hand the browser a URL.

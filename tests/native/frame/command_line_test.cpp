@@ -22,6 +22,17 @@ TEST(HelpRequest, OnlyAtPositionZeroWithOptionalAnchor) {
     EXPECT_FALSE(ParseHelpRequest(L"-hel").requested);
 }
 
+// The anchor goes on a browser's command line inside quotes: nothing may end them.
+TEST(HelpRequest, OnlyPlainTopicsReachTheBrowser) {
+    EXPECT_EQ(SafeHelpAnchor(ParseHelpRequest(L"-help#Farben").anchor), L"#Farben");
+    EXPECT_EQ(SafeHelpAnchor(L"#Tree-mode_2.1"), L"#Tree-mode_2.1");
+    EXPECT_EQ(SafeHelpAnchor(ParseHelpRequest(L"-help#x\" --new-window \"file:///C:/evil#").anchor), L"");
+    EXPECT_EQ(SafeHelpAnchor(L"#a b"), L"");
+    EXPECT_EQ(SafeHelpAnchor(L"Farben"), L"") << "an anchor starts with its \"#\"";
+    EXPECT_EQ(SafeHelpAnchor(L"#"), L"");
+    EXPECT_EQ(SafeHelpAnchor(L"#" + std::wstring(100, L'a')), L"");
+}
+
 TEST(CommandLine, EmptyLineLoadsTheLastStateOnlyInStartModeFive) {
     EXPECT_TRUE(InterpretCommandLine(L"", 5, kNoFiles).loadLastState);
     StartPlan plan = InterpretCommandLine(L"", 0, kNoFiles);
