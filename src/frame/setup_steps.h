@@ -27,4 +27,20 @@ private:
     bool failed_ = false;
 };
 
+// What removing the settings takes: exactly what this configuration made. Configurations
+// ("Tessel", "Tessel_Work", ...) share the per-user data folder, so the folder goes only with
+// the main configuration and only while no other configuration's settings file is in it; a
+// copy that keeps its settings beside itself removes no per-user settings at all.
+struct SettingsRemoval {
+    bool registryKey = false;
+    std::vector<std::wstring> files;  // full paths
+    bool wholeDataFolder = false;
+};
+SettingsRemoval PlanSettingsRemoval(const std::wstring& baseName, bool portable, const std::wstring& dataFolder,
+                                    const std::wstring& profileFile, const std::vector<std::wstring>& dataFolderFiles);
+
+// Whether another configuration is installed in the same program folder (its uninstall marker
+// "<base name>_Uninstall.ini" is there): then the shared help pages stay.
+bool OtherConfigurationInstalled(const std::wstring& baseName, const std::vector<std::wstring>& programFolderFiles);
+
 }  // namespace tessel

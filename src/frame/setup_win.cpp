@@ -180,9 +180,12 @@ void RemoveProgramFiles(SetupSteps& steps, const std::wstring& runningExe, const
             return deferred;
         });
     if (deferred) steps.Note(Line(62144, installedExe));
-    const std::wstring help = places.programFolder + L"\\help";
-    for (const std::wstring& page : FilesIn(help)) RemoveFileStep(steps, help + L"\\" + page);
-    RemoveDirectoryW(help.c_str());
+    // The help pages serve every configuration installed in this folder.
+    if (!OtherConfigurationInstalled(places.baseName, FilesIn(places.programFolder))) {
+        const std::wstring help = places.programFolder + L"\\help";
+        for (const std::wstring& page : FilesIn(help)) RemoveFileStep(steps, help + L"\\" + page);
+        RemoveDirectoryW(help.c_str());
+    }
     RemoveFileStep(steps, places.MarkerPath());
     if (!deferred && !steps.Failed()) RemoveDirectoryW(places.programFolder.c_str());
 }
@@ -208,14 +211,17 @@ bool DeleteFolderTree(const std::wstring& folder) {
 }
 
 void RemoveSettings(SetupSteps& steps, const SetupPlaces& places) {
+    const SettingsRemoval plan = PlanSettingsRemoval(places.baseName, places.portable, places.dataFolder,
+                                                     places.profileFile, FilesIn(places.dataFolder));
     const HKEY root = places.registry.root;
-    if (win::RegKeyExists(root, places.SettingsKey()))
+    if (plan.registryKey && win::RegKeyExists(root, places.SettingsKey()))
         steps.Run(Line(62142, UserKey(places.SettingsKey())), Line(62143, UserKey(places.SettingsKey())),
                   [&] { return win::DeleteRegTree(root, places.SettingsKey()); });
-    if (Exists(places.dataFolder))
+    if (plan.wholeDataFolder && Exists(places.dataFolder))
         steps.Run(Line(62142, places.dataFolder), Line(62143, places.dataFolder),
                   [&] { return DeleteFolderTree(places.dataFolder); });
-    RemoveFileStep(steps, places.profileFile);
+    for (const std::wstring& file : plan.files) RemoveFileStep(steps, file);
+    if (places.portable) steps.Note(GetText(62147));
 }
 
 bool InstalledHere(const SetupPlaces& places, const std::wstring& installedExe) {
@@ -293,7 +299,8 @@ bool HandleSetupCommand(const std::wstring& commandLine) {
     if (request.action == SetupAction::kNone) return false;
     LoadGeneralOptions(Settings(), Options());  // the reports speak the user's language
     const std::wstring exe = RunningExe();
-    const SetupPlaces places = DefaultSetupPlaces(Settings().BaseName());
+    SetupPlaces places = DefaultSetupPlaces(Settings().BaseName());
+    places.portable = Settings().IsFileMode();
     if (request.action == SetupAction::kInstall) {
         SetupSteps steps = Install(exe, places, Options().m_lang_id);
         const std::wstring installedExe = places.programFolder + L"\\" + FileNameOf(exe);

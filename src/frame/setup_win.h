@@ -16,6 +16,7 @@ struct SetupPlaces {
     std::wstring profileFile;      // where a settings file named without a folder is kept
     UserRegistry registry;
     std::wstring baseName = L"Tessel";  // names the settings key, the settings file and the marker
+    bool portable = false;  // the running copy keeps its settings beside itself, not per user
 
     std::wstring ShortcutPath() const { return startMenuFolder + L"\\Tessel.lnk"; }
     std::wstring MarkerPath() const { return programFolder + L"\\" + baseName + L"_Uninstall.ini"; }

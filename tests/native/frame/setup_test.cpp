@@ -40,5 +40,25 @@ TEST(SetupSteps, AFailedStepUndoesTheDoneStepsInReverseAndSkipsTheRest) {
     EXPECT_EQ(steps.ReportText(), L"made a\nmade b\nmade c\na note\ncould not make d\n");
 }
 
+TEST(SetupRemoval, TakesOnlyWhatThisConfigurationMade) {
+    const std::vector<std::wstring> shared{L"Tessel.ini", L"Tessel_Work.ini", L"start.tsf"};
+    SettingsRemoval work = PlanSettingsRemoval(L"Tessel_Work", false, L"D", L"W\\Tessel_Work.ini", shared);
+    EXPECT_TRUE(work.registryKey);
+    EXPECT_FALSE(work.wholeDataFolder) << "the main configuration's favorites and last state stay";
+    EXPECT_EQ(work.files, (std::vector<std::wstring>{L"D\\Tessel_Work.ini", L"W\\Tessel_Work.ini"}));
+
+    EXPECT_FALSE(PlanSettingsRemoval(L"Tessel", false, L"D", L"W\\Tessel.ini", shared).wholeDataFolder)
+        << "another configuration still keeps its settings there";
+    SettingsRemoval main = PlanSettingsRemoval(L"Tessel", false, L"D", L"W\\Tessel.ini", {L"TESSEL.INI", L"start.tsf"});
+    EXPECT_TRUE(main.wholeDataFolder);
+    EXPECT_EQ(main.files, (std::vector<std::wstring>{L"W\\Tessel.ini"}));
+
+    const SettingsRemoval portable = PlanSettingsRemoval(L"Tessel", true, L"D", L"W\\Tessel.ini", {});
+    EXPECT_FALSE(portable.registryKey || portable.wholeDataFolder || !portable.files.empty());
+
+    EXPECT_TRUE(OtherConfigurationInstalled(L"Tessel_Work", {L"tessel.exe", L"Tessel_Uninstall.ini"}));
+    EXPECT_FALSE(OtherConfigurationInstalled(L"Tessel", {L"tessel.exe", L"tessel_uninstall.ini", L"notes.ini"}));
+}
+
 }  // namespace
 }  // namespace tessel
