@@ -88,6 +88,34 @@ TEST_F(Setup, InstallTwiceThenRemoveKeepsTheSettingsUnlessAskedToRemoveThem) {
     EXPECT_FALSE(win::RegKeyExists(HKEY_CURRENT_USER, places.SettingsKey()));
 }
 
+// Two configurations share the program folder and the data folder: removing one with its
+// settings leaves the other's settings, last state, favorites and help pages.
+TEST_F(Setup, RemovingAConfigurationTakesOnlyItsOwn) {
+    ASSERT_FALSE(Install(source, places, 1).Failed());
+    SetupPlaces work = places;
+    work.baseName = L"Tessel_Work";
+    work.profileFile = root / L"Tessel_Work.ini";
+    ASSERT_FALSE(Install(source, work, 1).Failed());
+    SHCreateDirectoryExW(nullptr, (places.dataFolder + L"\\Favoriten").c_str(), nullptr);
+    for (const wchar_t* name : {L"start.tsf", L"Tessel.ini", L"Tessel_Work.ini", L"Favoriten\\set.tsf"})
+        testing::WriteUnicodeText(places.dataFolder + L"\\" + name, L"[Start]\r\n");
+
+    SetupSteps removal = Uninstall(source, work, true);
+    ASSERT_FALSE(removal.Failed()) << removal.ReportText();
+    EXPECT_FALSE(FileExists(places.dataFolder + L"\\Tessel_Work.ini"));
+    EXPECT_FALSE(win::RegKeyExists(HKEY_CURRENT_USER, work.SettingsKey()));
+    for (const wchar_t* name : {L"start.tsf", L"Tessel.ini", L"Favoriten\\set.tsf"})
+        EXPECT_TRUE(FileExists(places.dataFolder + L"\\" + name)) << name;
+    EXPECT_TRUE(win::RegKeyExists(HKEY_CURRENT_USER, places.SettingsKey()));
+    EXPECT_TRUE(FileExists(places.programFolder + L"\\help\\index.html")) << "the main configuration still uses them";
+
+    SetupPlaces portable = places;  // run from a copy that keeps its settings beside itself
+    portable.portable = true;
+    ASSERT_FALSE(Uninstall(source, portable, true).Failed());
+    EXPECT_TRUE(FileExists(places.dataFolder + L"\\start.tsf"));
+    EXPECT_TRUE(win::RegKeyExists(HKEY_CURRENT_USER, places.SettingsKey()));
+}
+
 TEST_F(Setup, AFailedStepLeavesNothingInstalled) {
     // The program folder cannot be made: a file has its parent's name.
     testing::WriteBytes(root / L"Programs", "not a folder");
