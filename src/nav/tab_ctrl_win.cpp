@@ -183,24 +183,29 @@ STDMETHODIMP CCBrowserTabCtrl::Drop(IDataObject* data, DWORD keys, POINTL point,
     } else if (ownTab) {
         command = kCancel;
     }
-    if (command != kCancel) DropTab(target, command == kCopyHere);
+    if (command != kCancel && !DropTab(target, command == kCopyHere)) command = kCancel;
     *effect = command == kCancel ? DROPEFFECT_NONE : command == kCopyHere ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
     return S_OK;
 }
 
-void CCBrowserTabCtrl::DropTab(int target, bool copy) {
+// A tab moves only once it has arrived: a strip that is full refuses the new tab, and the source
+// keeps its own.
+bool CCBrowserTabCtrl::DropTab(int target, bool copy) {
     CCBrowserTabView* source = g_drag.source;
     const int from = g_drag.sourceIndex;
-    if (!source || !view_) return;
+    if (!source || !view_) return false;
     if (source == view_) {
         if (copy) view_->DuplicateTab(from, std::min(target, view_->Count()));
         else view_->MoveTab(from, std::min(target, view_->Count() - 1));
-        return;
+        return true;
     }
     TabRecord* record = source->Record(from);
-    if (!record) return;
+    if (!record) return false;
+    const int before = view_->Count();
     view_->Select(view_->InsertTab(win::ClonePidl(CurrentFolderOf(*record)), std::to_wstring(target)));
+    if (view_->Count() <= before) return false;
     if (!copy) source->CloseTab(from);  // the last tab of a T-View stays where it is
+    return true;
 }
 
 // A folder dropped on the strip opens in a new tab; anything else is left alone.

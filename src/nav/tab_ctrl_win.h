@@ -25,7 +25,7 @@ public:
 
     // Carries out a tab drop on tab `target` of this strip; command 2 of the right-button menu
     // copies, everything else moves.
-    void DropTab(int target, bool copy);
+    bool DropTab(int target, bool copy);  // false when the tab did not arrive
     static bool TabDragActive();
     // The program-wide state of one tab drag: begun when the drag loop starts, ended after it.
     static void BeginTabDrag(CCBrowserTabView& source, int index, bool rightButton);

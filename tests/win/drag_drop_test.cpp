@@ -76,6 +76,20 @@ TEST(DragDrop, FoldersOpenTabsAndTabsMoveBetweenViews) {
     CCBrowserTabCtrl::EndTabDrag();
     EXPECT_EQ(left.Count(), 1) << "the last tab of a T-View stays";
     EXPECT_FALSE(CCBrowserTabCtrl::TabDragActive());
+
+    // A full strip refuses the tab, and the source keeps it.
+    left.InsertTab(win::PidlFromPath(c.path()));
+    for (int i = 0; i < 20 && right.Count() < 15; ++i) right.Select(right.InsertTab(win::PidlFromPath(b.path())));
+    ASSERT_EQ(right.Count(), 15);
+    CCBrowserTabCtrl::BeginTabDrag(left, 1, false);
+    {
+        MessageAnswer limit;  // the strip says why it refuses
+        EXPECT_FALSE(right.Control().DropTab(0, false));
+        EXPECT_EQ(limit.Count(), 1);
+    }
+    CCBrowserTabCtrl::EndTabDrag();
+    EXPECT_EQ(right.Count(), 15);
+    EXPECT_EQ(left.Count(), 2) << "the dragged tab is still there";
 }
 
 // A drop on a strip only opens what it names: the source is told link (or copy), never move,
