@@ -78,7 +78,10 @@ STDMETHODIMP CShellTreeDropTarget::DragLeave() {
 // data object instead (the shell's optimised move): the source must not delete what is gone.
 STDMETHODIMP CShellTreeDropTarget::Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) {
     const HTREEITEM item = tree_ ? ItemAt(point) : nullptr;
-    const DWORD chosen = EffectOn(item, keys, *effect);
+    DWORD chosen = EffectOn(item, keys, *effect);
+    // A right-button drag asks what to do, as every drop target of files does.
+    if (chosen && (enterKeys_ & MK_RBUTTON))
+        chosen = AskFileDropEffect(tree_, point, *effect & (DROPEFFECT_COPY | DROPEFFECT_MOVE), chosen);
     const std::wstring target = chosen ? FolderPathOf(item) : std::wstring();
     ClipboardFiles files{files_, chosen};
     DragLeave();

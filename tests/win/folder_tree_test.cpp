@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+#include <vector>
+
 #include "core/general_options.h"
 #include "nav/folder_tree_drop_win.h"
 #include "view_host_win.h"
@@ -133,6 +136,32 @@ TEST(FolderTree, DragsOpenFoldersAndDropsCopyOrMoveFilesIntoThem) {
     EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE)) << "moved here: the source must not delete";
     EXPECT_TRUE(FileExists(a / L"target\\moved.txt"));
     EXPECT_FALSE(FileExists(b / L"moved.txt"));
+
+    // A right-button drag asks: cancelled, nothing happens; "Copy here" copies what would move.
+    WriteBytes(b / L"asked.txt", "r");
+    win::ComPtr<IDataObject> asked = ShellDataOf(b / L"asked.txt");
+    auto rightDrop = [&](std::vector<WPARAM> keys) {
+        std::jthread chooser([keys, tree] {
+            HWND menu = nullptr;
+            for (int i = 0; i < 250 && !menu; ++i, Sleep(20))
+                for (HWND w = FindWindowExW(nullptr, nullptr, L"#32768", nullptr); w && !menu;
+                     w = FindWindowExW(nullptr, w, L"#32768", nullptr))
+                    if (IsWindowVisible(w)) menu = w;
+            if (!menu) return PostMessageW(tree, WM_CANCELMODE, 0, 0), void();
+            for (WPARAM key : keys) PostMessageW(menu, WM_KEYDOWN, key, 0);
+        });
+        effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+        target->DragEnter(asked.get(), MK_RBUTTON, ScreenPointOf(tree, folder), &effect);
+        effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+        target->Drop(asked.get(), 0, ScreenPointOf(tree, folder), &effect);
+    };
+    rightDrop({VK_ESCAPE});
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE));
+    EXPECT_FALSE(FileExists(a / L"target\\asked.txt"));
+    EXPECT_TRUE(FileExists(b / L"asked.txt")) << "cancelled: nothing moved";
+    rightDrop({VK_DOWN, VK_RETURN});
+    EXPECT_TRUE(FileExists(a / L"target\\asked.txt"));
+    EXPECT_TRUE(FileExists(b / L"asked.txt")) << "copied, although the keys alone would move";
 
     // The base folder dragged onto its own sub-folder is refused.
     win::ComPtr<IDataObject> itself = ShellDataOf(a.path());
