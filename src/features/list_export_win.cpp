@@ -9,8 +9,9 @@
 #include <map>
 #include <vector>
 
-#include "core/settings_store_win.h"
+#include "core/fill_in.h"
 #include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "win/com_ptr_win.h"
 #include "win/text_file_win.h"
@@ -84,7 +85,7 @@ std::wstring DefaultName() {
     std::tm local{};
     localtime_s(&local, &now);
     wchar_t name[64];
-    wcsftime(name, 64, L"Export_%Y-%m-%d_%H-%M", &local);
+    wcsftime(name, 64, L"Export_%Y-%m-%d_%H-%M-%S", &local);
     return name;
 }
 
@@ -206,6 +207,9 @@ bool WriteExportFile(const std::wstring& path, const ExportTable& table, ExportT
     return win::WriteFileReplacing(path, ExportFileBytes(table, type));
 }
 
+// The dialog's own question about an existing file sees the name before the type's extension
+// is added, so the question is asked here, about the file that will be written; "No" offers the
+// dialog again.
 bool ExportWithDialog(HWND owner, const ExportTable& table) {
     ISettingsStore& settings = Settings();
     wchar_t path[MAX_PATH * 2] = {};
@@ -217,11 +221,19 @@ bool ExportWithDialog(HWND owner, const ExportTable& table) {
     save.lpstrFile = path;
     save.nMaxFile = MAX_PATH * 2;
     save.lpstrTitle = L"Export zu TXT,CSV,HTML oder XLS ";
-    save.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_EXPLORER | OFN_NOCHANGEDIR;
-    if (!GetSaveFileNameW(&save)) return false;
-    const ExportType type = ExportTypeOf(static_cast<int>(save.nFilterIndex));
+    save.Flags = OFN_PATHMUSTEXIST | OFN_EXPLORER | OFN_NOCHANGEDIR;
+    ExportType type = ExportType::kText;
+    std::wstring target;
+    for (;;) {
+        if (!GetSaveFileNameW(&save)) return false;
+        type = ExportTypeOf(static_cast<int>(save.nFilterIndex));
+        target = WithExportExtension(path, type);
+        if (GetFileAttributesW(target.c_str()) == INVALID_FILE_ATTRIBUTES) break;
+        const std::wstring question = FillIn(GetText(IDS_FILE_EXISTS_REPLACE), {target});
+        if (MessageBoxW(owner, question.c_str(), GetText(60000).c_str(), MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES)
+            break;
+    }
     settings.PutInt(L"List", L"ExportIndex", static_cast<int>(type));
-    const std::wstring target = WithExportExtension(path, type);
     if (!WriteExportFile(target, table, type)) {
         MessageBoxW(owner, (GetText(IDS_EXPORT_FAILED) + L"\n" + target).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
         return false;

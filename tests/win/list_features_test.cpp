@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
@@ -186,6 +188,36 @@ int RowOf(CMyShellBrowser& browser, const std::wstring& name) {
     for (int i = 0; i < ListCount(browser); ++i)
         if (ItemText(browser.GetListControl(), i) == name) return i;
     return -1;
+}
+
+// A name typed without its extension names an existing file once the type's extension is
+// added: the export asks about that file, and "No" leaves it as it was.
+TEST(ListExport, AnExistingFileIsReplacedOnlyAfterAQuestion) {
+    ViewHost host(1);
+    TempFolder out;
+    WriteBytes(out / L"list.txt", "the user's list");
+    Settings().PutInt(L"List", L"ExportIndex", 1);
+    const ExportTable table{{L"Name"}, {100}, {{L"a.txt"}}};
+    std::jthread user([&](std::stop_token stop) {
+        int shown = 0;
+        while (!stop.stop_requested() && shown < 2) {
+            if (HWND dialog = FindWindowW(L"#32770", L"Export zu TXT,CSV,HTML oder XLS "); dialog && IsWindowVisible(dialog)) {
+                Sleep(200);
+                const std::wstring typed = out / L"list";
+                SetDlgItemTextW(dialog, 0x47c, typed.c_str());  // the file name box
+                SetDlgItemTextW(dialog, 0x480, typed.c_str());
+                PostMessageW(dialog, WM_COMMAND, shown == 0 ? IDOK : IDCANCEL, 0);
+                ++shown;
+                while (IsWindow(dialog) && !stop.stop_requested()) Sleep(20);
+            }
+            Sleep(20);
+        }
+    });
+    MessageAnswer no(IDNO);
+    EXPECT_FALSE(ExportWithDialog(host.hwnd(), table));
+    EXPECT_EQ(no.Count(), 1) << "asked about list.txt";
+    EXPECT_NE(no.Text().find(L"list.txt"), std::wstring::npos);
+    EXPECT_EQ(ReadBytes(out / L"list.txt"), "the user's list");
 }
 
 TEST(FolderSizes, MeasuredFoldersShowInTheSizeColumn) {
