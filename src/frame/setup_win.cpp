@@ -274,6 +274,11 @@ SetupSteps Install(const std::wstring& sourceExe, const SetupPlaces& places, int
     CopyProgramFiles(steps, sourceExe, places, backups);
     WriteMarkerStep(steps, places);
     WriteLanguageStep(steps, places, languageId);
+    // The favorites have their folder from the start, where they are looked for: without one,
+    // "Add to favorites" has nowhere to write.
+    for (const std::wstring& folder : {places.dataFolder, places.dataFolder + L"\\Favoriten",
+                                       places.dataFolder + L"\\Favoriten\\Quick-Link"})
+        CreateFolderStep(steps, folder);
     RegisterSteps(steps, places, installedExe);
     if (!steps.Failed())
         for (const std::wstring& backup : backups) DeleteFileW(backup.c_str());

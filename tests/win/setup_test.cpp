@@ -53,6 +53,7 @@ TEST_F(Setup, InstallTwiceThenRemoveKeepsTheSettingsUnlessAskedToRemoveThem) {
     EXPECT_TRUE(FileExists(places.programFolder + L"\\help\\index.html"));
     EXPECT_TRUE(FileExists(places.MarkerPath()));
     EXPECT_TRUE(FileExists(places.ShortcutPath()));
+    EXPECT_TRUE(FileExists(places.dataFolder + L"\\Favoriten\\Quick-Link")) << "favorites have their folder";
     EXPECT_EQ(Value(places.UninstallKey(), L"UninstallString"), L"\"" + installed + L"\" -uninstall");
     EXPECT_EQ(Value(places.SettingsKey(), L"lng"), L"1");
     EXPECT_EQ(Value(places.registry.Classes() + L"\\Tessel.FolderSet\\shell\\open\\command", nullptr),

@@ -1,6 +1,7 @@
 // The real executable, started from a folder of its own with a settings file beside it.
 #include <windows.h>
 #include <commctrl.h>
+#include <shlobj.h>
 
 #include <gtest/gtest.h>
 
@@ -389,6 +390,40 @@ TEST_F(Startup, TheLastStateIsKeptAfterChangesAtSessionEndAndFromTheTray) {
     PostMessageW(tessel.Frame(), WM_COMMAND, ID_APP_EXIT, 0);  // the tray menu's Exit
     EXPECT_EQ(tessel.WaitForExit(), 0);
     EXPECT_TRUE(holdsBoth(saved())) << "an exit from the tray keeps the T-Views";
+}
+
+// With no favorites folder known, opening it asks for one with the system's folder browser.
+TEST_F(Startup, OpeningTheFavoritesFolderWithNoneKnownAsksForOne) {
+    wchar_t appData[MAX_PATH] = {};
+    SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, 0, appData);
+    if (FileExists(std::wstring(appData) + L"\\Tessel\\Favoriten")) GTEST_SKIP() << "a favorites folder exists here";
+    TesselProcess tessel(exe_, L"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    DWORD process = 0;
+    GetWindowThreadProcessId(tessel.Frame(), &process);
+    PostMessageW(tessel.Frame(), WM_COMMAND, ID_FAV_OPEN_IN_VIEW, 0);
+    struct Search {
+        DWORD process;
+        HWND found = nullptr;
+    } search{process};
+    for (int i = 0; i < 250 && !search.found; ++i, Sleep(20))
+        EnumWindows(
+            [](HWND window, LPARAM data) -> BOOL {
+                auto* s = reinterpret_cast<Search*>(data);
+                DWORD owner = 0;
+                GetWindowThreadProcessId(window, &owner);
+                wchar_t name[16] = {};
+                GetClassNameW(window, name, 16);
+                if (owner != s->process || std::wstring(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+                for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+                    if (testing::GetWindowTextString(child) == L"Verzeichnisauswahl / Select a directory:") s->found = window;
+                return s->found ? FALSE : TRUE;
+            },
+            reinterpret_cast<LPARAM>(&search));
+    ASSERT_NE(search.found, nullptr) << "the folder browser shows with its title";
+    PostMessageW(search.found, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+    EXPECT_EQ(CMyProfStr(exe_).GetString(L"Favoriten", L"Ordner", L""), L"") << "nothing chosen, nothing stored";
 }
 
 // With tray_icon a minimised window waits in the notification area; a click brings it back,
