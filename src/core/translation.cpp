@@ -20,13 +20,16 @@ void FirstOfEachId(const StringTable& table, std::map<int, std::wstring>& texts)
 
 }  // namespace
 
-TranslationDraft::TranslationDraft(const StringTable& english, const StringTable& language) {
-    std::map<int, std::wstring> englishTexts, texts;
+TranslationDraft::TranslationDraft(const StringTable& english, const StringTable& language, const StringTable& builtIn) {
+    std::map<int, std::wstring> englishTexts, texts, own;
     FirstOfEachId(english, englishTexts);
     FirstOfEachId(language, texts);
+    FirstOfEachId(builtIn, own);
     std::map<int, TranslationRow> rows;
     for (const auto& [id, text] : englishTexts) rows[id].english = text;
     for (const auto& [id, text] : texts) rows[id].text = text;
+    for (const auto& [id, text] : own)
+        if (auto row = rows.find(id); row != rows.end()) row->second.builtIn = text;
     for (auto& [id, row] : rows) {
         row.id = id;
         rows_.push_back(std::move(row));
@@ -60,7 +63,7 @@ std::wstring TranslationDraft::PackText(std::wstring_view header) const {
     std::wstring text(header);
     text += L"\n";
     for (const TranslationRow& row : rows_)
-        if (!row.text.empty()) text += std::to_wstring(row.id) + L"=" + EscapedText(row.text) + L"\n";
+        if (!row.text.empty() && row.text != row.builtIn) text += std::to_wstring(row.id) + L"=" + EscapedText(row.text) + L"\n";
     return text;
 }
 

@@ -13,13 +13,16 @@ namespace tessel {
 struct TranslationRow {
     int id = 0;
     std::wstring english;
-    std::wstring text;  // empty: not translated
+    std::wstring text;     // empty: not translated
+    std::wstring builtIn;  // the program's own text in this language; empty: none
 };
 
 class TranslationDraft {
 public:
     // Every id of either table once, in ascending order; the first entry of an id counts.
-    TranslationDraft(const StringTable& english, const StringTable& language);
+    // `builtIn` is the program's own pack of the language: texts equal to it are not written to
+    // the language file, so that later fixes of the pack are not shadowed by copies.
+    TranslationDraft(const StringTable& english, const StringTable& language, const StringTable& builtIn = {});
 
     const std::vector<TranslationRow>& Rows() const { return rows_; }
     // The rows whose id, English text or translation holds `query` (case not minded); all for "".
@@ -27,8 +30,9 @@ public:
     void Set(size_t row, std::wstring text);
     bool Changed() const { return changed_; }
     size_t Translated() const;
-    // The pack text of every translated row after the header line: lines "id=text" with TAB, CR
-    // and LF escaped (the file's byte-order mark is the writer's).
+    // The pack text of every translated row whose text the program's own pack does not already
+    // hold, after the header line: lines "id=text" with TAB, CR and LF escaped (the file's
+    // byte-order mark is the writer's).
     std::wstring PackText(std::wstring_view header) const;
     void MarkSaved() { changed_ = false; }
 

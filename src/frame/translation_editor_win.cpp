@@ -77,7 +77,8 @@ void CTranslationEditor::Init(HWND dialog) {
 void CTranslationEditor::Load(int languageId) {
     ResourceLanguagePacks packs(GetModuleHandleW(nullptr));
     language_ = languageId;
-    draft_ = std::make_unique<TranslationDraft>(Parsed(packs.LoadText(L"EN")), Parsed(packs.LoadText(LanguageCode(languageId))));
+    draft_ = std::make_unique<TranslationDraft>(Parsed(packs.LoadText(L"EN")), Parsed(packs.LoadText(LanguageCode(languageId))),
+                                                Parsed(packs.BuiltInText(LanguageCode(languageId))));
     ShowRows();
 }
 

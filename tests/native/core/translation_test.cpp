@@ -36,6 +36,21 @@ TEST(Translation, SearchLooksAtIdsAndBothTextsWithoutCase) {
     EXPECT_TRUE(draft.Find(L"nothing").empty());
 }
 
+// Only what differs from the program's own pack goes into the language file: a later fix of the
+// pack then reaches every text the user did not change.
+TEST(Translation, TheFileHoldsOnlyWhatDiffersFromTheOwnPack) {
+    const StringTable own = Parsed(L"1=Ouvrir\n2=Fermer\n");
+    // What the editor is given for the language: the file's lines first, then the own pack.
+    TranslationDraft draft(Parsed(L"1=Open\n2=Close\n3=Exit\n"), Parsed(L"3=Quitter\n1=Ouvrir\n2=Fermer\n"), own);
+    draft.Set(1, L"Clore");
+    const StringTable written = Parsed(draft.PackText(L"; Tessel FR"));
+    EXPECT_EQ(written.Find(1), nullptr) << "unchanged from the own pack";
+    ASSERT_NE(written.Find(2), nullptr);
+    EXPECT_EQ(*written.Find(2), L"Clore");
+    ASSERT_NE(written.Find(3), nullptr) << "the file's own line stays";
+    EXPECT_EQ(*written.Find(3), L"Quitter");
+}
+
 TEST(Translation, TheWrittenFileReadsBackToTheSameTexts) {
     TranslationDraft draft(Parsed(L"1=A\n2=B\n3=C\n"), Parsed(L"1=Un\n"));
     EXPECT_FALSE(draft.Changed());
