@@ -36,4 +36,13 @@ PageRows RowsOfPage(const PrintLayout& layout, size_t rowCount, int page) {
     return {first, std::min(static_cast<size_t>(layout.rowsPerPage), rowCount - first)};
 }
 
+PageOnPaper FitPageOnPaper(int pageWidth, int pageHeight, int paperWidth, int paperHeight) {
+    PageOnPaper fit;
+    if (pageWidth <= 0 || pageHeight <= 0 || paperWidth <= 0 || paperHeight <= 0) return fit;
+    fit.scale = std::min({1.0, static_cast<double>(paperWidth) / pageWidth, static_cast<double>(paperHeight) / pageHeight});
+    fit.left = static_cast<int>((paperWidth - pageWidth * fit.scale) / 2);
+    fit.top = static_cast<int>((paperHeight - pageHeight * fit.scale) / 2);
+    return fit;
+}
+
 }  // namespace tessel

@@ -33,4 +33,14 @@ struct PageRows {
 };
 PageRows RowsOfPage(const PrintLayout& layout, size_t rowCount, int page);
 
+// The printer prints the pages the preview planned: the preview's page (width and height in
+// any unit) is laid whole on the printer's paper (same unit), centred, shrunk when the paper is
+// smaller or turned the other way, never enlarged. So the page count and every row are the
+// preview's whatever paper the printer has.
+struct PageOnPaper {
+    double scale = 1;
+    int left = 0, top = 0;  // where the page's top left lies on the paper
+};
+PageOnPaper FitPageOnPaper(int pageWidth, int pageHeight, int paperWidth, int paperHeight);
+
 }  // namespace tessel

@@ -191,6 +191,35 @@ void PageSetup(HWND dialog, PreviewState& state) {
     Repaint(dialog, state);
 }
 
+// The printer is offered the preview's paper turned as in the preview; whatever paper it prints
+// on, it prints the preview's pages, fitted whole.
+win::UniqueGlobal DevModeOf(const PaperSetup& setup) {
+    win::UniqueGlobal block(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DEVMODEW)));
+    if (auto* mode = block ? static_cast<DEVMODEW*>(GlobalLock(block.get())) : nullptr) {
+        mode->dmSize = sizeof(DEVMODEW);
+        mode->dmFields = DM_ORIENTATION | DM_PAPERWIDTH | DM_PAPERLENGTH;
+        mode->dmOrientation = setup.landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+        mode->dmPaperWidth = static_cast<short>(setup.width / 10);  // 0.1 mm, portrait
+        mode->dmPaperLength = static_cast<short>(setup.height / 10);
+        GlobalUnlock(block.get());
+    }
+    return block;
+}
+
+// The preview's page (0.01 mm) onto the printer's paper, its unprintable edge kept out.
+void MapPreviewPage(HDC dc, const PaperSetup& setup) {
+    const int dpiX = std::max(GetDeviceCaps(dc, LOGPIXELSX), 1), dpiY = std::max(GetDeviceCaps(dc, LOGPIXELSY), 1);
+    const int physW = GetDeviceCaps(dc, PHYSICALWIDTH), physH = GetDeviceCaps(dc, PHYSICALHEIGHT);
+    const PageOnPaper fit = FitPageOnPaper(setup.PageWidth(), setup.PageHeight(), MulDiv(physW, 2540, dpiX),
+                                           MulDiv(physH, 2540, dpiY));
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowExtEx(dc, setup.PageWidth(), setup.PageHeight(), nullptr);
+    SetViewportExtEx(dc, static_cast<int>(setup.PageWidth() * fit.scale * dpiX / 2540),
+                     static_cast<int>(setup.PageHeight() * fit.scale * dpiY / 2540), nullptr);
+    SetViewportOrgEx(dc, MulDiv(fit.left, dpiX, 2540) - GetDeviceCaps(dc, PHYSICALOFFSETX),
+                     MulDiv(fit.top, dpiY, 2540) - GetDeviceCaps(dc, PHYSICALOFFSETY), nullptr);
+}
+
 void Print(HWND dialog, const PreviewState& state) {
     PRINTDLGW print{sizeof(print)};
     print.hwndOwner = dialog;
@@ -199,6 +228,7 @@ void Print(HWND dialog, const PreviewState& state) {
     print.nMaxPage = static_cast<WORD>(std::min(state.pages, 0xFFFF));
     print.nFromPage = 1;
     print.nToPage = print.nMaxPage;
+    print.hDevMode = DevModeOf(state.setup).release();  // the dialog may replace it; freed below either way
     const BOOL chosen = PrintDlgW(&print);
     if (print.hDevMode) GlobalFree(print.hDevMode);
     if (print.hDevNames) GlobalFree(print.hDevNames);
@@ -208,24 +238,14 @@ void Print(HWND dialog, const PreviewState& state) {
     }
     HDC dc = print.hDC;
     const int first = (print.Flags & PD_PAGENUMS) ? print.nFromPage - 1 : 0;
-    const int last = (print.Flags & PD_PAGENUMS) ? print.nToPage - 1 : state.pages - 1;
+    const int last = std::min((print.Flags & PD_PAGENUMS) ? print.nToPage - 1 : state.pages - 1, state.pages - 1);
     DOCINFOW document{sizeof(document)};
     document.lpszDocName = state.title.c_str();
     bool ok = StartDocW(dc, &document) > 0;
     for (int page = first; ok && page <= last; ++page) {
         ok = StartPage(dc) > 0;
-        SetMapMode(dc, MM_ANISOTROPIC);
-        // The printer's own paper in 0.01 mm, its unprintable edge kept out of the mapping.
-        const int dpiX = GetDeviceCaps(dc, LOGPIXELSX), dpiY = GetDeviceCaps(dc, LOGPIXELSY);
-        const int physW = GetDeviceCaps(dc, PHYSICALWIDTH), physH = GetDeviceCaps(dc, PHYSICALHEIGHT);
-        PaperSetup paper = state.setup;
-        paper.landscape = false;
-        paper.width = MulDiv(physW, 2540, std::max(dpiX, 1));
-        paper.height = MulDiv(physH, 2540, std::max(dpiY, 1));
-        SetWindowExtEx(dc, paper.width, paper.height, nullptr);
-        SetViewportExtEx(dc, physW, physH, nullptr);
-        SetViewportOrgEx(dc, -GetDeviceCaps(dc, PHYSICALOFFSETX), -GetDeviceCaps(dc, PHYSICALOFFSETY), nullptr);
-        if (ok) DrawListPage(dc, state.table, state.title, paper, page);
+        MapPreviewPage(dc, state.setup);
+        if (ok) DrawListPage(dc, state.table, state.title, state.setup, page);
         ok = ok && EndPage(dc) > 0;
     }
     if (ok) EndDoc(dc);

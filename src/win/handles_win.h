@@ -47,6 +47,7 @@ struct PointerTraits {
 };
 inline void DeleteGdiObject(HGDIOBJ object) { DeleteObject(object); }
 inline void FreePidl(PIDLIST_ABSOLUTE pidl) { CoTaskMemFree(pidl); }
+inline void FreeGlobal(HGLOBAL block) { GlobalFree(block); }
 
 using UniqueHandle = Unique<HANDLE, HandleTraits>;
 using UniqueFont = Unique<HFONT, PointerTraits<HFONT, DeleteGdiObject>>;
@@ -55,5 +56,6 @@ using UniqueBrush = Unique<HBRUSH, PointerTraits<HBRUSH, DeleteGdiObject>>;
 using UniqueIcon = Unique<HICON, PointerTraits<HICON, DestroyIcon>>;
 using UniqueMenu = Unique<HMENU, PointerTraits<HMENU, DestroyMenu>>;
 using UniquePidl = Unique<PIDLIST_ABSOLUTE, PointerTraits<PIDLIST_ABSOLUTE, FreePidl>>;
+using UniqueGlobal = Unique<HGLOBAL, PointerTraits<HGLOBAL, FreeGlobal>>;
 
 }  // namespace tessel::win

@@ -38,6 +38,24 @@ TEST(ListPrint, RowsAreSplitIntoPagesAndEveryRowIsOnOne) {
     EXPECT_EQ(LayOutListPrint(Table(30), 1000, 1300, 100, 1.0).pageCount, 3) << "exactly full pages";
 }
 
+// The printer prints the preview's pages: a portrait page on landscape paper (and the other way)
+// is shrunk whole onto it, so every row of every planned page is printed and no page is blank.
+TEST(ListPrint, ThePreviewsPageFitsWholeOnAnyPaper) {
+    const PageOnPaper same = FitPageOnPaper(21000, 29700, 21000, 29700);
+    EXPECT_DOUBLE_EQ(same.scale, 1.0);
+    EXPECT_EQ(same.left, 0);
+    EXPECT_EQ(same.top, 0);
+    const PageOnPaper turned = FitPageOnPaper(21000, 29700, 29700, 21000);
+    EXPECT_NEAR(turned.scale, 21000.0 / 29700, 1e-9);
+    EXPECT_LE(21000 * turned.scale + turned.left, 29700 + 1) << "the whole width is on the paper";
+    EXPECT_LE(29700 * turned.scale, 21000 + 1) << "the whole height is on the paper";
+    EXPECT_GT(turned.left, 0) << "centred";
+    const PageOnPaper larger = FitPageOnPaper(21000, 29700, 42000, 59400);
+    EXPECT_DOUBLE_EQ(larger.scale, 1.0) << "never enlarged";
+    EXPECT_EQ(larger.left, 10500);
+    EXPECT_DOUBLE_EQ(FitPageOnPaper(0, 100, 100, 100).scale, 1.0);
+}
+
 TEST(ListPrint, EmptyListsAndTinyPagesStillGiveAPage) {
     EXPECT_EQ(LayOutListPrint(Table(0), 1000, 1300, 100, 1.0).pageCount, 1);
     const PrintLayout tiny = LayOutListPrint(Table(3), 1000, 50, 100, 1.0);
