@@ -33,6 +33,11 @@ void CCBrowserTabCtrl::Detach() { view_ = nullptr; }
 
 bool CCBrowserTabCtrl::TabDragActive() { return g_drag.active; }
 
+PCIDLIST_ABSOLUTE CCBrowserTabCtrl::DraggedTabFolder() {
+    const TabRecord* record = g_drag.active && g_drag.source ? g_drag.source->Record(g_drag.sourceIndex) : nullptr;
+    return record ? CurrentFolderOf(*record) : nullptr;
+}
+
 void CCBrowserTabCtrl::BeginTabDrag(CCBrowserTabView& source, int index, bool rightButton) {
     g_drag = TabDrag{true, rightButton, &source, index};
     g_drag.tooltip = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,

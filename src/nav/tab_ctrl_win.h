@@ -27,6 +27,7 @@ public:
     // copies, everything else moves.
     bool DropTab(int target, bool copy);  // false when the tab did not arrive
     static bool TabDragActive();
+    static PCIDLIST_ABSOLUTE DraggedTabFolder();  // the folder of the tab being dragged; null when none
     // The program-wide state of one tab drag: begun when the drag loop starts, ended after it.
     static void BeginTabDrag(CCBrowserTabView& source, int index, bool rightButton);
     static void EndTabDrag();

@@ -7,6 +7,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "res/resource.h"
+#include "view/browser_drop_target_win.h"
 #include "view/click_sound_win.h"
 #include "view/location_text.h"
 #include "view/shell_browser_win.h"
@@ -193,12 +194,32 @@ bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTING
     return true;
 }
 
+// Whatever the list had as its drop target (the view's own, where it offers one) goes behind
+// ours, so that a dragged tab never reaches it.
+void CMyShellBrowser::PutDropTargetOnList(HWND list) {
+    auto* wrapper = new CMyBrowser_IDropTargetPlus(
+        view_.As<IDropTarget>(), [this] { return owner_.DraggedTabFolder(); },
+        [this](PCIDLIST_ABSOLUTE folder) {
+            droppedFolder_ = win::ClonePidl(folder);
+            PostMessageW(hwnd(), kMsgOpenDroppedFolder, 0, 0);
+        });
+    RevokeDragDrop(list);
+    if (SUCCEEDED(RegisterDragDrop(list, wrapper))) {
+        listDrop_ = wrapper;
+        dropList_ = list;
+    }
+    wrapper->Release();  // the registration holds it
+}
+
+IDropTarget* CMyShellBrowser::ListDropTarget() const { return dropList_ ? listDrop_ : nullptr; }
+
 void CMyShellBrowser::AfterViewCreated() {
     HWND list = GetListControl();
     if (list && IsChild(viewWindow_, list)) {
         if (win::Subclass(list, &CMyShellBrowser::ListProc, this)) subclassedList_ = list;
         if (win::Subclass(viewWindow_, &CMyShellBrowser::ViewProc, this)) subclassedView_ = viewWindow_;
         folderView_ = view_.As<IFolderView>();
+        PutDropTargetOnList(list);
         ApplyBackground();
         if (Options().no_keep_grouping) {
             SendMessageW(list, LVM_ENABLEGROUPVIEW, FALSE, 0);

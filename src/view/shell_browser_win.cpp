@@ -166,6 +166,9 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
     case kMsgFolderSizes:
         OnFolderSizes();
         return 0;
+    case kMsgOpenDroppedFolder:
+        if (droppedFolder_) NavigateTo(std::move(droppedFolder_), false, true);
+        return 0;
     case kMsgShellChange:
         OnShellChange(wParam, lParam);
         return 0;
@@ -308,6 +311,9 @@ void CMyShellBrowser::TearDownView() {
     KillTimer(hwnd(), kTimerFolderSizes);
     if (notifyId_) SHChangeNotifyDeregister(notifyId_);
     notifyId_ = 0;
+    if (dropList_ && IsWindow(dropList_)) RevokeDragDrop(dropList_);
+    dropList_ = nullptr;
+    listDrop_ = nullptr;
     if (subclassedList_) win::Unsubclass(subclassedList_);
     subclassedList_ = nullptr;
     if (subclassedView_) win::Unsubclass(subclassedView_);

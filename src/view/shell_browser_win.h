@@ -54,6 +54,8 @@ public:
     virtual void HistoryChanged(CMyShellBrowser& browser) {}
     // The selection or the focused item of its list changed.
     virtual void SelectionChanged(CMyShellBrowser& browser) {}
+    // The folder of a tab being dragged anywhere in the program; null when no tab is dragged.
+    virtual PCIDLIST_ABSOLUTE DraggedTabFolder() const { return nullptr; }
 };
 
 inline constexpr UINT kMsgQueryBrowser = WM_USER + 7;
@@ -61,6 +63,7 @@ inline constexpr UINT kMsgShellChange = WM_USER + 0xCF0;
 inline constexpr UINT kMsgDirectoryChange = WM_USER + 0xCF1;
 inline constexpr UINT kMsgQueryItem = WM_USER + 0xE1;
 inline constexpr UINT kMsgViewOwnChangeNotice = WM_USER + 0x1111;  // the change notices Wine's view registers for itself
+inline constexpr UINT kMsgOpenDroppedFolder = WM_APP + 0x123;  // a tab was dropped on the list
 inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
 inline constexpr UINT kMsgFolderSizes = WM_APP + 0x122;  // sizes are in the cache; wParam 1: all
 inline constexpr UINT_PTR kTimerFolderSizes = 10012;  // a change in the folder: measure again once it settles
@@ -155,6 +158,7 @@ public:
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
     // What the list shows, for an export: captions, widths and every row.
     ExportTable ListTable() const;
+    IDropTarget* ListDropTarget() const;  // the target in front of the list's own; null without a list
     bool FolderSizesRunning() const { return sizeWorker_.Running(); }
     int DiskFollows() const { return diskFollows_; }  // how often outside changes were listed
     int StatusRuns() const { return statusRuns_; }    // how often the status was worked out
@@ -201,6 +205,7 @@ private:
     bool SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTINGS settings, bool counted);
     FOLDERSETTINGS NextFolderSettings() const;
     void RecordOutgoingState();
+    void PutDropTargetOnList(HWND list);
     void CaptureOutgoingState();  // view settings, selected count and filter text of the view
     void RecordHistoryEntry();
     std::wstring FilterText() const;
@@ -239,6 +244,9 @@ private:
     HWND viewWindow_ = nullptr;
     HWND subclassedList_ = nullptr;
     HWND subclassedView_ = nullptr;
+    IDropTarget* listDrop_ = nullptr;  // registered on dropList_, which holds it while registered
+    HWND dropList_ = nullptr;
+    win::UniquePidl droppedFolder_;    // a tab's folder dropped on the list, opened once the drop returned
     win::ComPtr<IFolderView> folderView_;  // of view_, for the items the list draws
     win::UniquePidl target_;  // the folder asked for
     win::ComPtr<IShellFolder> targetFolder_;  // bound while a navigation runs

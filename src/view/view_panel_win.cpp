@@ -11,6 +11,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "nav/address_input_win.h"
+#include "nav/tab_ctrl_win.h"
 #include "res/resource.h"
 #include "view/column_memory.h"
 #include "view/location_text.h"
@@ -470,5 +471,7 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     return Default(message, wParam, lParam);
 }
+
+PCIDLIST_ABSOLUTE CPloder::DraggedTabFolder() const { return CCBrowserTabCtrl::DraggedTabFolder(); }
 
 }  // namespace tessel

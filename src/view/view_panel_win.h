@@ -89,6 +89,7 @@ public:
     void ToggleFilterBox() override;
     void BrowserFocused(CMyShellBrowser& browser) override;
     void SelectionChanged(CMyShellBrowser& browser) override;
+    PCIDLIST_ABSOLUTE DraggedTabFolder() const override;
     ViewFilterState FilterState() const override {
         const FilterSwitches& s = filter_.switches;
         return {s.by_filter, s.by_negativ, s.by_dir_filter, s.show_filter};

@@ -92,6 +92,34 @@ TEST(DragDrop, FoldersOpenTabsAndTabsMoveBetweenViews) {
     EXPECT_EQ(left.Count(), 2) << "the dragged tab is still there";
 }
 
+// A tab dragged a little too low lands on the other T-View's list: it opens its folder there,
+// and the folder stays where it is (the shell's own drop would have moved it into the one shown).
+TEST(DragDrop, ATabDroppedOnAListOpensItsFolderThere) {
+    ViewHost host(2);
+    TempFolder a, b, c;
+    ASSERT_TRUE(host.Panel(0).NavigateToText(a.path()));
+    ASSERT_TRUE(host.Panel(1).NavigateToText(b.path()));
+    CCBrowserTabView& left = host.Panel(0).Tabs();
+    left.InsertTab(win::PidlFromPath(c.path()));
+    IDropTarget* list = host.Browser(1).ListDropTarget();
+    ASSERT_NE(list, nullptr) << "the list has the browser view's drop target";
+
+    win::ComPtr<IDataObject> data = ShellDataOf(c.path());
+    CCBrowserTabCtrl::BeginTabDrag(left, 1, false);
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
+    list->DragEnter(data.get(), 0, {10, 10}, &effect);
+    EXPECT_EQ(effect, DWORD(DROPEFFECT_LINK)) << "never a move";
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    list->Drop(data.get(), 0, {10, 10}, &effect);
+    EXPECT_EQ(effect, DWORD(DROPEFFECT_COPY));
+    CCBrowserTabCtrl::EndTabDrag();
+    EXPECT_TRUE(PumpUntil([&] { return LowerCase(host.Browser(1).CurrentPath()) == LowerCase(c.path()); }));
+    EXPECT_TRUE(FileExists(c.path())) << "the folder stays where it was";
+    const std::wstring name = c.path().substr(c.path().find_last_of(L'\\') + 1);
+    EXPECT_FALSE(FileExists(b / name));
+    EXPECT_EQ(left.Count(), 2) << "the source keeps its tab";
+}
+
 // A drop on a strip only opens what it names: the source is told link (or copy), never move,
 // and none when nothing opened, so it never deletes what was dragged.
 TEST(DragDrop, DropsOnAStripReportWhatWasDone) {
