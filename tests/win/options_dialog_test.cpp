@@ -14,6 +14,7 @@
 #include "frame/option_pages.h"
 #include "frame/options_dialog_win.h"
 #include "frame/switches_page_win.h"
+#include "frame/user_text_file_win.h"
 #include "nav/quick_links.h"
 #include "res/resource.h"
 #include "view_host_win.h"
@@ -87,7 +88,7 @@ TEST(OptionsDialog, ListsPageEditsProgramsQuickLinksAndAssociations) {
     WriteQuickLinks(Settings(), kProgramsSection, {{L"Edit", L"notepad.exe %sel_file%"}});
     struct Seen {
         int rows = -1;
-        std::wstring nameField, afterAdd, afterUp, quickLinks;
+        std::wstring nameField, afterAdd, afterUp, quickLinks, refusedAdd;
     } seen;
     std::jthread user([&seen] {
         HWND dialog = nullptr;
@@ -112,8 +113,12 @@ TEST(OptionsDialog, ListsPageEditsProgramsQuickLinksAndAssociations) {
         type(IDC_LISTS_TARGET, L"%appdata%");
         click(IDC_LISTS_ADD);
         seen.quickLinks = Settings().GetSection(kQuickLinksSection);
+        type(IDC_LISTS_NAME, L"a=b");  // would read back as the name "a"
+        click(IDC_LISTS_ADD);
+        seen.refusedAdd = Settings().GetSection(kQuickLinksSection);
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
+    MessageAnswer refusal;
     COptionenWnd::Run(host.hwnd(), COptionenWnd::PageIndex(IDS_PAGE_LISTS));
     user.join();
     EXPECT_EQ(seen.rows, 1);
@@ -122,8 +127,28 @@ TEST(OptionsDialog, ListsPageEditsProgramsQuickLinksAndAssociations) {
     EXPECT_EQ(seen.afterUp, L"Dir=cmd.exe /k dir %curdir%\nEdit=notepad.exe %sel_file%\n");
     EXPECT_TRUE(QuickLinksDisabled(Settings(), kProgramsSection));
     EXPECT_EQ(seen.quickLinks, L"Temp=%appdata%\n");
+    EXPECT_EQ(seen.refusedAdd, seen.quickLinks) << "an entry that would not read back is refused";
+    EXPECT_EQ(refusal.Count(), 1) << "and the page says why";
 }
 
+
+// An import reads its file first and says why it got nothing; the pages then leave their lists.
+TEST(ImportFile, AFileThatGivesNothingIsNamedWhy) {
+    TempFolder folder;
+    std::wstring text = L"x";
+    EXPECT_EQ(ReadUserTextFile(folder / L"missing.ini", 1024, text), UserFileProblem::kUnreadable);
+    EXPECT_TRUE(text.empty());
+    EXPECT_EQ(ReadUserTextFile(folder.path(), 1024, text), UserFileProblem::kUnreadable) << "a folder";
+    WriteBytes(folder / L"empty.ini", "");
+    EXPECT_EQ(ReadUserTextFile(folder / L"empty.ini", 1024, text), UserFileProblem::kEmpty);
+    WriteBytes(folder / L"blank.ini", "\xFF\xFE \0\r\0\n\0");
+    EXPECT_EQ(ReadUserTextFile(folder / L"blank.ini", 1024, text), UserFileProblem::kEmpty);
+    WriteBytes(folder / L"large.ini", std::string(2000, 'a'));
+    EXPECT_EQ(ReadUserTextFile(folder / L"large.ini", 1024, text), UserFileProblem::kTooLarge);
+    WriteBytes(folder / L"rules.ini", "*.txt\tFF0000\r\n");
+    EXPECT_EQ(ReadUserTextFile(folder / L"rules.ini", 1024, text), UserFileProblem::kNone);
+    EXPECT_EQ(text, L"*.txt\tFF0000\r\n");
+}
 
 // The window's side as the pages see it: it holds the tree mode and records what it was asked
 // to redo.
