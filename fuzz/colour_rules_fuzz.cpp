@@ -23,7 +23,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::vector<ColourRule> rules = ParseRulesFile(text);
     fuzz::Check(rules.size() <= kRuleSlots);
     const auto rows = ParseTabSeparated(text);
-    for (size_t i = 0; i < rows.size() && rules.size() < kRuleSlots; ++i) rules.push_back(RuleOfCells(rows[i], true));
+    for (size_t i = 0; i < rows.size() && rules.size() < kRuleSlots; ++i) {
+        ColourRule rule = RuleOfTabRow(rows[i]);
+        // A pattern the page takes reads back from its settings line as the same rule.
+        if (RulePatternStorable(rule.pattern)) {
+            ColourRule back;
+            fuzz::Check(ParseRuleLine(FormatRuleLine(rule), back) && back == rule);
+        }
+        rules.push_back(std::move(rule));
+    }
     RuleTable table;
     for (const ColourRule& rule : rules) table.slots[table.count++] = rule;
     RuleIndex index;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fuzz_text.h"
-#include "nav/file_drop.h"
+#include "view/file_drop.h"
 
 using namespace tessel;
 

@@ -26,6 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::Check(entries.size() <= kQuickLinkMaxEntries);
     bool plain = true;  // names and targets without line breaks or "=" in the name come back the same
     for (const QuickLinkEntry& entry : entries) {
+        if (QuickLinkStorable(entry)) fuzz::Check(ParseQuickLinks(FormatQuickLinks({entry})) == std::vector{entry});
         plain = plain && entry.name.find_first_of(L"=\r\n") == std::wstring::npos &&
                 entry.target.find_first_of(L"\r\n") == std::wstring::npos && !entry.name.empty();
         AssociatedProgram(entries, entry.target);

@@ -2,15 +2,11 @@
 
 #include <shellapi.h>
 
-#include "core/language_packs_win.h"
 #include "nav/drop_text.h"
-#include "res/resource.h"
-#include "win/handles_win.h"
+#include "view/file_clipboard_win.h"
 
 namespace tessel {
 namespace {
-
-constexpr UINT kDropMenuCancel = 100;
 
 bool Offers(IDataObject* data, CLIPFORMAT format) {
     FORMATETC wanted{format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
@@ -100,21 +96,7 @@ std::wstring CIDropTargetPlus::DropTextOf(IDataObject* data) {
     return file;
 }
 
-std::vector<std::wstring> CIDropTargetPlus::DroppedFilesOf(IDataObject* data) {
-    FORMATETC wanted{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-    STGMEDIUM medium{};
-    std::vector<std::wstring> files;
-    if (!data || FAILED(data->GetData(&wanted, &medium))) return files;
-    auto drop = static_cast<HDROP>(medium.hGlobal);
-    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring name(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
-        name.resize(DragQueryFileW(drop, i, name.data(), static_cast<UINT>(name.size())));
-        if (!name.empty()) files.push_back(std::move(name));
-    }
-    ReleaseStgMedium(&medium);
-    return files;
-}
+std::vector<std::wstring> CIDropTargetPlus::DroppedFilesOf(IDataObject* data) { return DroppedFiles(data); }
 
 STDMETHODIMP CIDropSource::QueryInterface(REFIID riid, void** object) {
     if (!object) return E_POINTER;
@@ -137,20 +119,6 @@ STDMETHODIMP CIDropSource::QueryContinueDrag(BOOL escapePressed, DWORD keys) {
         return DRAGDROP_S_DROP;
     }
     return S_OK;
-}
-
-DWORD CIDropTargetPlus::AskFileDropEffect(HWND owner, POINTL screen, DWORD allowed, DWORD proposed) {
-    win::UniqueMenu menu(CreatePopupMenu());
-    if (!menu) return DROPEFFECT_NONE;
-    AppendMenuW(menu.get(), MF_STRING | (allowed & DROPEFFECT_COPY ? 0 : MF_GRAYED), DROPEFFECT_COPY,
-                GetText(IDS_DROP_COPY_HERE).c_str());
-    AppendMenuW(menu.get(), MF_STRING | (allowed & DROPEFFECT_MOVE ? 0 : MF_GRAYED), DROPEFFECT_MOVE,
-                GetText(IDS_DROP_MOVE_HERE).c_str());
-    AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(menu.get(), MF_STRING, kDropMenuCancel, GetText(119).c_str());
-    if (proposed == DROPEFFECT_COPY || proposed == DROPEFFECT_MOVE) SetMenuDefaultItem(menu.get(), proposed, FALSE);
-    const UINT chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, owner, nullptr);
-    return chosen == DROPEFFECT_COPY || chosen == DROPEFFECT_MOVE ? (chosen & allowed) : DROPEFFECT_NONE;
 }
 
 }  // namespace tessel

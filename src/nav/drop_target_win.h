@@ -33,10 +33,6 @@ public:
     // The text a data object stands for: the first file (a ".url" file's address instead of its
     // path), or the text it offers.
     static std::wstring DropTextOf(IDataObject* data);
-    // After a right-button drag: the menu every file drop target shows (copy here, move here,
-    // cancel), with the effect the keys would give marked as the default. DROPEFFECT_NONE when
-    // cancelled.
-    static DWORD AskFileDropEffect(HWND owner, POINTL screen, DWORD allowed, DWORD proposed);
     // Every file of a file drop, in order; empty when the data offers none.
     static std::vector<std::wstring> DroppedFilesOf(IDataObject* data);
 

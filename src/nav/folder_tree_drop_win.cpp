@@ -2,7 +2,7 @@
 
 #include <shlobj.h>
 
-#include "nav/file_drop.h"
+#include "view/file_drop.h"
 #include "nav/folder_tree_win.h"
 #include "nav/tab_ctrl_win.h"
 #include "view/file_clipboard_win.h"
@@ -87,17 +87,7 @@ STDMETHODIMP CShellTreeDropTarget::Drop(IDataObject* data, DWORD keys, POINTL po
     DragLeave();
     *effect = DROPEFFECT_NONE;
     if (!chosen || !CopyOrMoveFiles(tree_, files, target)) return S_OK;
-    if (chosen == DROPEFFECT_MOVE && data) {
-        static const CLIPFORMAT performed = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(CFSTR_PERFORMEDDROPEFFECT));
-        FORMATETC format{performed, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-        STGMEDIUM medium{TYMED_HGLOBAL};
-        medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE, sizeof(DWORD));
-        if (auto* value = medium.hGlobal ? static_cast<DWORD*>(GlobalLock(medium.hGlobal)) : nullptr) {
-            *value = DROPEFFECT_MOVE;
-            GlobalUnlock(medium.hGlobal);
-            if (FAILED(data->SetData(&format, &medium, TRUE))) GlobalFree(medium.hGlobal);  // taken on success
-        }
-    }
+    if (chosen == DROPEFFECT_MOVE) TellMovePerformed(data);
     *effect = chosen == DROPEFFECT_COPY ? DROPEFFECT_COPY : DROPEFFECT_NONE;
     return S_OK;
 }

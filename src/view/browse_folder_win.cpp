@@ -197,18 +197,40 @@ bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTING
 // Whatever the list had as its drop target (the view's own, where it offers one) goes behind
 // ours, so that a dragged tab never reaches it.
 void CMyShellBrowser::PutDropTargetOnList(HWND list) {
-    auto* wrapper = new CMyBrowser_IDropTargetPlus(
-        view_.As<IDropTarget>(), [this] { return owner_.DraggedTabFolder(); },
-        [this](PCIDLIST_ABSOLUTE folder) {
-            droppedFolder_ = win::ClonePidl(folder);
-            PostMessageW(hwnd(), kMsgOpenDroppedFolder, 0, 0);
-        });
+    ListDropHooks hooks;
+    hooks.owner = hwnd();
+    hooks.draggedTab = [this] { return owner_.DraggedTabFolder(); };
+    hooks.openFolder = [this](PCIDLIST_ABSOLUTE folder) {
+        droppedFolder_ = win::ClonePidl(folder);
+        PostMessageW(hwnd(), kMsgOpenDroppedFolder, 0, 0);
+    };
+    hooks.folderAt = [this](POINTL screen) { return DropFolderAt(screen); };
+    hooks.filesArrived = [this] { RefreshKeepingPlace(); };
+    auto* wrapper = new CMyBrowser_IDropTargetPlus(view_.As<IDropTarget>(), std::move(hooks));
     RevokeDragDrop(list);
     if (SUCCEEDED(RegisterDragDrop(list, wrapper))) {
         listDrop_ = wrapper;
         dropList_ = list;
     }
     wrapper->Release();  // the registration holds it
+}
+
+// A folder row under the pointer takes the files; elsewhere the folder shown does.
+std::wstring CMyShellBrowser::DropFolderAt(POINTL screen) const {
+    HWND list = GetListControl();
+    const std::wstring shown = win::FileSystemPathOf(shown_.get());
+    if (!list || !folderView_) return shown;
+    LVHITTESTINFO hit{};
+    hit.pt = {screen.x, screen.y};
+    ScreenToClient(list, &hit.pt);
+    const int row = static_cast<int>(SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+    PITEMID_CHILD child = nullptr;
+    if (row < 0 || FAILED(folderView_->Item(row, &child)) || !child) return shown;
+    win::UniquePidl item(ILCombine(shown_.get(), child));
+    CoTaskMemFree(child);
+    const std::wstring path = item ? win::FileSystemPathOf(item.get()) : std::wstring();
+    const DWORD attributes = path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? path : shown;
 }
 
 IDropTarget* CMyShellBrowser::ListDropTarget() const { return dropList_ ? listDrop_ : nullptr; }

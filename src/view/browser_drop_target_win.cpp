@@ -1,11 +1,12 @@
 #include "view/browser_drop_target_win.h"
 
+#include "view/file_clipboard_win.h"
+#include "view/file_drop.h"
+
 namespace tessel {
 
-CMyBrowser_IDropTargetPlus::CMyBrowser_IDropTargetPlus(win::ComPtr<IDropTarget> inner,
-                                                       std::function<PCIDLIST_ABSOLUTE()> draggedTab,
-                                                       std::function<void(PCIDLIST_ABSOLUTE)> openFolder)
-    : inner_(std::move(inner)), draggedTab_(std::move(draggedTab)), openFolder_(std::move(openFolder)) {}
+CMyBrowser_IDropTargetPlus::CMyBrowser_IDropTargetPlus(win::ComPtr<IDropTarget> inner, ListDropHooks hooks)
+    : inner_(std::move(inner)), hooks_(std::move(hooks)) {}
 
 STDMETHODIMP CMyBrowser_IDropTargetPlus::QueryInterface(REFIID riid, void** object) {
     if (!object) return E_POINTER;
@@ -28,34 +29,75 @@ DWORD CMyBrowser_IDropTargetPlus::OpeningEffect(DWORD allowed) {
     return (allowed & DROPEFFECT_LINK) ? DROPEFFECT_LINK : (allowed & DROPEFFECT_COPY) ? DROPEFFECT_COPY : DROPEFFECT_NONE;
 }
 
+DWORD CMyBrowser_IDropTargetPlus::FilesEffect(POINTL point, DWORD keys, DWORD allowed, std::wstring* target) const {
+    const std::wstring folder = hooks_.folderAt ? hooks_.folderAt(point) : std::wstring();
+    if (target) *target = folder;
+    if (folder.empty() || files_.empty() || DropsIntoItself(files_, folder)) return DROPEFFECT_NONE;
+    return FileDropEffect(keys, SameVolume(files_.front(), folder), allowed);
+}
+
 STDMETHODIMP CMyBrowser_IDropTargetPlus::DragEnter(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) {
-    tab_ = draggedTab_ && draggedTab_() != nullptr;
-    if (tab_) return *effect = OpeningEffect(*effect), S_OK;
+    enterKeys_ = keys;
+    files_.clear();
+    if (hooks_.draggedTab && hooks_.draggedTab()) {
+        kind_ = Kind::kTab;
+        return *effect = OpeningEffect(*effect), S_OK;
+    }
+    files_ = DroppedFiles(data);
+    if (!files_.empty()) {
+        kind_ = Kind::kFiles;
+        return *effect = FilesEffect(point, keys, *effect, nullptr), S_OK;
+    }
+    kind_ = Kind::kOther;
     if (inner_) return inner_->DragEnter(data, keys, point, effect);
     return *effect = DROPEFFECT_NONE, S_OK;
 }
 
 STDMETHODIMP CMyBrowser_IDropTargetPlus::DragOver(DWORD keys, POINTL point, DWORD* effect) {
-    if (tab_) return *effect = OpeningEffect(*effect), S_OK;
-    if (inner_) return inner_->DragOver(keys, point, effect);
-    return *effect = DROPEFFECT_NONE, S_OK;
+    switch (kind_) {
+    case Kind::kTab: *effect = OpeningEffect(*effect); return S_OK;
+    case Kind::kFiles: *effect = FilesEffect(point, keys, *effect, nullptr); return S_OK;
+    case Kind::kOther:
+        if (inner_) return inner_->DragOver(keys, point, effect);
+        [[fallthrough]];
+    default: *effect = DROPEFFECT_NONE; return S_OK;
+    }
 }
 
 STDMETHODIMP CMyBrowser_IDropTargetPlus::DragLeave() {
-    if (!tab_ && inner_) inner_->DragLeave();
-    tab_ = false;
+    if (kind_ == Kind::kOther && inner_) inner_->DragLeave();
+    kind_ = Kind::kNone;
+    files_.clear();
+    return S_OK;
+}
+
+// A move is carried out here, so the drop reports no effect for it and tells the source in the
+// data object instead: the source must not delete what is already gone.
+HRESULT CMyBrowser_IDropTargetPlus::DropFiles(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) {
+    std::wstring target;
+    DWORD chosen = FilesEffect(point, keys, *effect, &target);
+    if (chosen && (enterKeys_ & MK_RBUTTON))
+        chosen = AskFileDropEffect(hooks_.owner, point, *effect & (DROPEFFECT_COPY | DROPEFFECT_MOVE), chosen);
+    const ClipboardFiles files{files_, chosen};
+    files_.clear();
+    *effect = DROPEFFECT_NONE;
+    if (!chosen || !CopyOrMoveFiles(hooks_.owner, files, target)) return S_OK;
+    if (chosen == DROPEFFECT_MOVE) TellMovePerformed(data);
+    *effect = chosen == DROPEFFECT_COPY ? DROPEFFECT_COPY : DROPEFFECT_NONE;
+    if (hooks_.filesArrived) hooks_.filesArrived();
     return S_OK;
 }
 
 STDMETHODIMP CMyBrowser_IDropTargetPlus::Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) {
-    if (!tab_) {
+    const Kind kind = std::exchange(kind_, Kind::kNone);
+    if (kind == Kind::kFiles) return DropFiles(data, keys, point, effect);
+    if (kind != Kind::kTab) {
         if (inner_) return inner_->Drop(data, keys, point, effect);
         return *effect = DROPEFFECT_NONE, S_OK;
     }
-    tab_ = false;
-    const PCIDLIST_ABSOLUTE folder = draggedTab_ ? draggedTab_() : nullptr;
+    const PCIDLIST_ABSOLUTE folder = hooks_.draggedTab ? hooks_.draggedTab() : nullptr;
     *effect = folder ? OpeningEffect(*effect) : DROPEFFECT_NONE;
-    if (folder && openFolder_) openFolder_(folder);
+    if (folder && hooks_.openFolder) hooks_.openFolder(folder);
     return S_OK;
 }
 

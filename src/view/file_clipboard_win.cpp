@@ -10,6 +10,7 @@
 #include "res/resource.h"
 #include "view/copy_name.h"
 #include "view/name_clash.h"
+#include "win/handles_win.h"
 
 namespace tessel {
 namespace {
@@ -60,6 +61,19 @@ bool SameText(const std::wstring& a, const std::wstring& b) {
     return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
+std::vector<std::wstring> FilesOfDrop(HDROP drop) {
+    std::vector<std::wstring> files;
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
+        if (!path.empty()) files.push_back(std::move(path));
+    }
+    return files;
+}
+
+constexpr UINT kDropMenuCancel = 100;
+
 bool Exists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 // The file operation of the platform replaces a file of the same name on a move without a
@@ -94,15 +108,7 @@ bool PutFilesOnClipboard(HWND owner, const std::vector<std::wstring>& paths, DWO
 bool ReadClipboardFiles(HWND owner, ClipboardFiles& files) {
     files = ClipboardFiles{};
     if (!OpenClipboard(owner)) return false;
-    if (HANDLE drop = GetClipboardData(CF_HDROP)) {
-        auto hdrop = static_cast<HDROP>(drop);
-        const UINT count = DragQueryFileW(hdrop, 0xFFFFFFFF, nullptr, 0);
-        for (UINT i = 0; i < count; ++i) {
-            std::wstring path(DragQueryFileW(hdrop, i, nullptr, 0) + 1, L'\0');
-            path.resize(DragQueryFileW(hdrop, i, path.data(), static_cast<UINT>(path.size())));
-            if (!path.empty()) files.paths.push_back(std::move(path));
-        }
-    }
+    if (HANDLE drop = GetClipboardData(CF_HDROP)) files.paths = FilesOfDrop(static_cast<HDROP>(drop));
     if (HANDLE effect = GetClipboardData(PreferredEffectFormat())) {
         if (const auto* value = static_cast<const DWORD*>(GlobalLock(effect))) {
             if (*value & DROPEFFECT_MOVE) files.effect = DROPEFFECT_MOVE;
@@ -157,6 +163,44 @@ bool PasteFiles(HWND owner, const ClipboardFiles& files, const std::wstring& tar
         CloseClipboard();
     }
     return ok;
+}
+
+std::vector<std::wstring> DroppedFiles(IDataObject* data) {
+    FORMATETC wanted{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+    STGMEDIUM medium{};
+    if (!data || FAILED(data->GetData(&wanted, &medium))) return {};
+    std::vector<std::wstring> files = FilesOfDrop(static_cast<HDROP>(medium.hGlobal));
+    ReleaseStgMedium(&medium);
+    return files;
+}
+
+DWORD AskFileDropEffect(HWND owner, POINTL screen, DWORD allowed, DWORD proposed) {
+    win::UniqueMenu menu(CreatePopupMenu());
+    if (!menu) return DROPEFFECT_NONE;
+    AppendMenuW(menu.get(), MF_STRING | (allowed & DROPEFFECT_COPY ? 0 : MF_GRAYED), DROPEFFECT_COPY,
+                GetText(IDS_DROP_COPY_HERE).c_str());
+    AppendMenuW(menu.get(), MF_STRING | (allowed & DROPEFFECT_MOVE ? 0 : MF_GRAYED), DROPEFFECT_MOVE,
+                GetText(IDS_DROP_MOVE_HERE).c_str());
+    AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(menu.get(), MF_STRING, kDropMenuCancel, GetText(119).c_str());
+    if (proposed == DROPEFFECT_COPY || proposed == DROPEFFECT_MOVE) SetMenuDefaultItem(menu.get(), proposed, FALSE);
+    const UINT chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, owner, nullptr);
+    return chosen == DROPEFFECT_COPY || chosen == DROPEFFECT_MOVE ? (chosen & allowed) : DROPEFFECT_NONE;
+}
+
+void TellMovePerformed(IDataObject* data) {
+    if (!data) return;
+    static const CLIPFORMAT performed = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(CFSTR_PERFORMEDDROPEFFECT));
+    FORMATETC format{performed, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+    STGMEDIUM medium{TYMED_HGLOBAL};
+    medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE, sizeof(DWORD));
+    if (auto* value = medium.hGlobal ? static_cast<DWORD*>(GlobalLock(medium.hGlobal)) : nullptr) {
+        *value = DROPEFFECT_MOVE;
+        GlobalUnlock(medium.hGlobal);
+        if (FAILED(data->SetData(&format, &medium, TRUE))) GlobalFree(medium.hGlobal);  // taken on success
+    } else if (medium.hGlobal) {
+        GlobalFree(medium.hGlobal);
+    }
 }
 
 bool DeleteFiles(HWND owner, const std::vector<std::wstring>& paths, bool permanently) {

@@ -206,6 +206,7 @@ private:
     FOLDERSETTINGS NextFolderSettings() const;
     void RecordOutgoingState();
     void PutDropTargetOnList(HWND list);
+    std::wstring DropFolderAt(POINTL screen) const;
     void CaptureOutgoingState();  // view settings, selected count and filter text of the view
     void RecordHistoryEntry();
     std::wstring FilterText() const;

@@ -120,6 +120,55 @@ TEST(DragDrop, ATabDroppedOnAListOpensItsFolderThere) {
     EXPECT_EQ(left.Count(), 2) << "the source keeps its tab";
 }
 
+// Files dropped on a list go into the folder row under the pointer, or else into the folder shown,
+// by the keys' rules, and a move onto a name taken asks first.
+TEST(DragDrop, FilesDroppedOnAListFollowTheDropRules) {
+    ViewHost host(1);
+    TempFolder from, to;
+    CreateDirectoryW((to / L"inner").c_str(), nullptr);
+    WriteBytes(from / L"x.txt", "new");
+    WriteBytes(from / L"y.txt", "y");
+    ASSERT_TRUE(host.Panel().NavigateToText(to.path()));
+    CMyShellBrowser& browser = host.Browser();
+    IDropTarget* list = browser.ListDropTarget();
+    ASSERT_NE(list, nullptr);
+    auto screenOf = [&](POINT client) {
+        ClientToScreen(browser.GetListControl(), &client);
+        return POINTL{client.x, client.y};
+    };
+    RECT area;
+    GetClientRect(browser.GetListControl(), &area);
+    const POINTL empty = screenOf({area.right - 5, area.bottom - 5});
+    auto drop = [&](const std::wstring& file, DWORD keys, POINTL at) {
+        win::ComPtr<IDataObject> data = ShellDataOf(file);
+        DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+        list->DragEnter(data.get(), keys, at, &effect);
+        const DWORD offered = effect;
+        effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+        list->Drop(data.get(), keys, at, &effect);
+        return offered;
+    };
+    EXPECT_EQ(drop(from / L"x.txt", MK_CONTROL, empty), DWORD(DROPEFFECT_COPY)) << "Ctrl copies";
+    EXPECT_EQ(ReadBytes(to / L"x.txt"), "new");
+    EXPECT_TRUE(FileExists(from / L"x.txt"));
+    WriteBytes(to / L"x.txt", "kept");
+    {
+        MessageAnswer no(IDNO);
+        EXPECT_EQ(drop(from / L"x.txt", 0, empty), DWORD(DROPEFFECT_MOVE)) << "the same drive moves";
+        EXPECT_EQ(no.Count(), 1) << "a move onto a name taken asks";
+    }
+    EXPECT_EQ(ReadBytes(to / L"x.txt"), "kept");
+    EXPECT_TRUE(FileExists(from / L"x.txt"));
+
+    ASSERT_TRUE(PumpUntil([&] { return SelectByName(browser, L"inner"); }));
+    RECT row{LVIR_LABEL};
+    const int index = static_cast<int>(SendMessageW(browser.GetListControl(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+    SendMessageW(browser.GetListControl(), LVM_GETITEMRECT, index, reinterpret_cast<LPARAM>(&row));
+    drop(from / L"y.txt", 0, screenOf({(row.left + row.right) / 2, (row.top + row.bottom) / 2}));
+    EXPECT_TRUE(FileExists(to / L"inner\\y.txt")) << "dropped on a folder row: into that folder";
+    EXPECT_FALSE(FileExists(from / L"y.txt"));
+}
+
 // A drop on a strip only opens what it names: the source is told link (or copy), never move,
 // and none when nothing opened, so it never deletes what was dragged.
 TEST(DragDrop, DropsOnAStripReportWhatWasDone) {

@@ -1,4 +1,4 @@
-#include "nav/file_drop.h"
+#include "view/file_drop.h"
 
 #include <gtest/gtest.h>
 
