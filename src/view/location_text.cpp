@@ -14,34 +14,28 @@ int Hex(wchar_t c) {
     return c >= L'a' && c <= L'f' ? c - L'a' + 10 : -1;
 }
 
-// Percent escapes carry UTF-8 bytes; a malformed escape stays as it was written, and bytes that
-// are not UTF-8 are read as Latin-1 characters.
+// Percent escapes carry UTF-8 bytes: each run of escapes is decoded on its own, a run that is not
+// UTF-8 as Latin-1 characters; a malformed escape and every other character stay as written
+// (re-encoding them could not keep a lone surrogate).
 std::wstring DecodePercent(std::wstring_view text) {
-    std::string bytes;
+    std::wstring decoded;
+    std::string run;
+    const auto flush = [&] {
+        decoded += DecodeUtf8OrLatin1(run);
+        run.clear();
+    };
     for (size_t i = 0; i < text.size(); ++i) {
-        wchar_t c = text[i];
+        const wchar_t c = text[i];
         if (c == L'%' && i + 2 < text.size() && Hex(text[i + 1]) >= 0 && Hex(text[i + 2]) >= 0) {
-            bytes += static_cast<char>(Hex(text[i + 1]) * 16 + Hex(text[i + 2]));
+            run += static_cast<char>(Hex(text[i + 1]) * 16 + Hex(text[i + 2]));
             i += 2;
-        } else if (c < 0x80) {
-            bytes += static_cast<char>(c);
-        } else {  // already a character: keep it as UTF-8
-            char32_t cp = c;
-            if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size()) cp = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00);
-            if (cp < 0x800) {
-                bytes += static_cast<char>(0xC0 | (cp >> 6));
-            } else if (cp < 0x10000) {
-                bytes += static_cast<char>(0xE0 | (cp >> 12));
-                bytes += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-            } else {
-                bytes += static_cast<char>(0xF0 | (cp >> 18));
-                bytes += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-                bytes += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-            }
-            bytes += static_cast<char>(0x80 | (cp & 0x3F));
+        } else {
+            flush();
+            decoded += c;
         }
     }
-    return DecodeUtf8OrLatin1(bytes);
+    flush();
+    return decoded;
 }
 
 std::wstring FileUrlToPath(std::wstring_view rest) {

@@ -28,6 +28,8 @@ TEST(LocationText, SchemesBlanksAndQuotes) {
     EXPECT_EQ(NormalizeLocationText(L""), L"");
     EXPECT_EQ(NormalizeLocationText(L"\"\""), L"");
     EXPECT_EQ(NormalizeLocationText(L"D:\\ftp.notes"), L"D:\\ftp.notes");
+    // A fuzz finding: a lone surrogate was re-encoded and the whole path read back as Latin-1.
+    EXPECT_EQ(NormalizeLocationText(L"file:///C:/a\xDCDC%41"), L"C:\\a\xDCDC" L"A");
 }
 
 TEST(StatusText, SizesAndEveryStatusChoice) {
