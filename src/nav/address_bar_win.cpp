@@ -238,7 +238,16 @@ void CAdressBar::Layout() {
     if (segments_) segments_->Place({kMargin, kMargin, fieldRight - kMargin, kMargin + height});
 }
 
-void CAdressBar::Command(int id) {
+// The drive buttons' ids run into the segmented bar's (the 14th drive is 1123, the edit
+// button): the toolbar that sent the command tells them apart.
+void CAdressBar::Command(int id, HWND from) {
+    if (from == drives_) {
+        if (id >= kFirstDriveId && id <= kLastDriveId && id - kFirstDriveId < static_cast<int>(driveTexts_.size()))
+            // A drive without medium parses but cannot be shown: the view refuses it, no prompt.
+            if (win::UniquePidl drive = win::PidlFromPath(driveTexts_[id - kFirstDriveId] + L":\\"))
+                navigate_(std::move(drive));
+        return;
+    }
     if (id >= kFirstSegmentId && segments_ && id < kFirstSegmentId + segments_->SegmentCount()) {
         navigate_(win::ClonePidl(segments_->Segment(id - kFirstSegmentId)));
     } else if (id == kEditPathId && segments_) {
@@ -246,10 +255,6 @@ void CAdressBar::Command(int id) {
         segments_->Show(false);
         ShowWindow(Combo(), SW_SHOWNA);
         SetFocus(Edit());
-    } else if (id >= kFirstDriveId && id <= kLastDriveId && id - kFirstDriveId < static_cast<int>(driveTexts_.size())) {
-        // A drive without medium parses but cannot be shown: the view refuses it, no prompt.
-        if (win::UniquePidl drive = win::PidlFromPath(driveTexts_[id - kFirstDriveId] + L":\\"))
-            navigate_(std::move(drive));
     }
 }
 
@@ -360,7 +365,7 @@ LRESULT CAdressBar::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (LOWORD(wParam) == kTreeDropDownId) OpenTreeDropDown();  // posted by the button's arrow
             return 0;
         }
-        if (lParam && HIWORD(wParam) == BN_CLICKED) Command(LOWORD(wParam));
+        if (lParam && HIWORD(wParam) == BN_CLICKED) Command(LOWORD(wParam), reinterpret_cast<HWND>(lParam));
         return 0;
     case WM_NOTIFY:
         return OnNotify(reinterpret_cast<NMHDR*>(lParam));

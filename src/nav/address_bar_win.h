@@ -43,7 +43,7 @@ public:
     CComboBoxVista* Segmented() const { return segments_.get(); }
     bool Active() const { return active_; }
     // Carries out a command of the bar (a segment, a drive, the edit button).
-    void Command(int id);
+    void Command(int id, HWND from);  // a button of the drive toolbar or of the segmented bar
     // Opens a segment's sub-folder list at its button; returns what was chosen and navigated to.
     void OpenSegmentPopup(int index);
     // Enter in the edit field.

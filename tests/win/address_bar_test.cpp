@@ -104,7 +104,7 @@ TEST_F(AddressBar, SegmentsNameTheirFoldersAndTheStyleSwitchKeepsTheBar) {
     SendMessageW(segments->Segments(), TB_GETBUTTONINFOW, kFirstSegmentId, reinterpret_cast<LPARAM>(&info));
     EXPECT_TRUE(info.fsStyle & BTNS_DROPDOWN);
 
-    Bar()->Command(kFirstSegmentId + count - 2);  // the parent's segment
+    Bar()->Command(kFirstSegmentId + count - 2, segments->Segments());  // the parent's segment
     EXPECT_EQ(Shown(), LowerCase(files_.path()));
     EXPECT_EQ(segments->SegmentCount(), count - 1);
 
@@ -119,8 +119,11 @@ TEST_F(AddressBar, SegmentsNameTheirFoldersAndTheStyleSwitchKeepsTheBar) {
     host_.Panel().ApplyAddressBarMode();
     EXPECT_EQ(Bar()->Segmented(), segments) << "the same segmented bar comes back";
 
+    // The 14th drive button has the edit button's id: from the drive toolbar it is a drive.
+    Bar()->Command(kFirstDriveId + 13, Bar()->Drives());
+    EXPECT_FALSE(IsWindowVisible(Bar()->Combo())) << "the path editor stays closed";
     // The edit button gives way to the edit field.
-    Bar()->Command(kEditPathId);
+    Bar()->Command(kEditPathId, segments->Segments());
     EXPECT_TRUE(IsWindowVisible(Bar()->Combo()));
 }
 
