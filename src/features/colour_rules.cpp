@@ -194,6 +194,12 @@ ColourRule RuleOfCells(const std::vector<std::wstring>& cells, bool enabled) {
     return rule;
 }
 
+std::wstring_view RuleMatchName(std::wstring_view inFolder, std::wstring_view fullPath) {
+    std::wstring_view name = inFolder.empty() ? fullPath : inFolder;
+    if (const size_t slash = name.rfind(L'\\'); slash != std::wstring_view::npos) name.remove_prefix(slash + 1);
+    return name;
+}
+
 bool RulePatternStorable(std::wstring_view pattern) {
     if (pattern.empty() || pattern.find_first_of(L"=\r\n") != std::wstring_view::npos) return false;
     ColourRule widest{std::wstring(pattern)};

@@ -58,6 +58,10 @@ void FillScheme(RuleTable& table, int scheme);
 // strikeout (the check box holds `enabled`), and back; missing cells read as -1.
 std::vector<std::wstring> RuleCells(const ColourRule& rule);
 ColourRule RuleOfCells(const std::vector<std::wstring>& cells, bool enabled);
+// The name the rules match for an item: its in-folder parsing name, or its full file-system path
+// when that is empty; of either the part after the last "\" (empty for a drive root).
+std::wstring_view RuleMatchName(std::wstring_view inFolder, std::wstring_view fullPath);
+
 // Whether a pattern reads back as the same rule from the settings: no "=" (it separates the
 // fields), no line break, and a line that fits the settings' value limit.
 bool RulePatternStorable(std::wstring_view pattern);

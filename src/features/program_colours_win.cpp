@@ -71,12 +71,14 @@ int ProgramColours::MatchItem(IShellFolder* folder, PCUITEMID_CHILD item, int* f
     if (flags) *flags = 0;
     if (!folder || !item || index_.Empty()) return kNoColour;
     STRRET text{};
-    wchar_t name[MAX_PATH] = {};
+    wchar_t inFolder[MAX_PATH] = {}, full[MAX_PATH] = {};
     if (SUCCEEDED(folder->GetDisplayNameOf(item, SHGDN_FORPARSING | SHGDN_INFOLDER, &text)))
-        StrRetToBufW(&text, item, name, MAX_PATH);
-    std::wstring_view shown(name);
-    if (const size_t slash = shown.rfind(L'\\'); slash != std::wstring_view::npos) shown.remove_prefix(slash + 1);
-    wchar_t* start = name + (shown.data() - name);
+        StrRetToBufW(&text, item, inFolder, MAX_PATH);
+    // Without an in-folder name (a drive, some virtual items) the full path is matched.
+    if (!inFolder[0] && SUCCEEDED(folder->GetDisplayNameOf(item, SHGDN_FORPARSING, &text)))
+        StrRetToBufW(&text, item, full, MAX_PATH);
+    const std::wstring_view shown = RuleMatchName(inFolder, full);
+    wchar_t* start = const_cast<wchar_t*>(shown.data());
     FoldUpperWin(start, shown.size());
     ShellItemAttributes attributes(folder, item);
     return index_.Match(shown, attributes, flags);

@@ -134,6 +134,14 @@ TEST(ColourRules, APatternIsTakenOnlyWhenItReadsBackEqual) {
     EXPECT_FALSE(RulePatternStorable(L"two\nlines")) << "a line break ends the settings line";
 }
 
+TEST(ColourRules, TheNameMatchedIsTheInFolderNameOrElseTheFullPaths) {
+    EXPECT_EQ(RuleMatchName(L"report.txt", L"C:\\x\\report.txt"), L"report.txt");
+    EXPECT_EQ(RuleMatchName(L"sub\\a.txt", L""), L"a.txt");
+    EXPECT_EQ(RuleMatchName(L"", L"\\\\server\\share\\x.txt"), L"x.txt") << "no in-folder name: the full path's";
+    EXPECT_EQ(RuleMatchName(L"", L"C:\\"), L"") << "a drive root's name is empty";
+    EXPECT_EQ(RuleMatchName(L"", L"plain"), L"plain");
+}
+
 TEST(ColourRules, TabSeparatedRowsKeepADisabledRule) {
     const ColourRule off{L"*.tmp", 0, Rgb(0x12, 0x34, 0x56), -1, 1, -1, 0};
     const auto rows = ParseTabSeparated(FormatTabSeparated({RuleTabRow(off), RuleTabRow({L"*.c", 1})}));
