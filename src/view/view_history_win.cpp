@@ -61,12 +61,19 @@ std::vector<ItemBytes> ItemsOfIdArray(IDataObject* data) {
     return items;
 }
 
+// The list's rows in order, each item asked of the view by its index: Wine's view answers no
+// question for all its items at once, and its selection object is not asked for rows that may
+// be stale (see SelectedItems).
 void CMyShellBrowser::ForEachViewItem(bool selectedOnly, const std::function<void(PCUITEMID_CHILD)>& take) const {
-    win::ComPtr<IDataObject> data;
-    if (!view_ || FAILED(view_->GetItemObject(selectedOnly ? SVGIO_SELECTION : SVGIO_ALLVIEW, IID_IDataObject,
-                                              data.put_void())))
-        return;
-    ForEachIdArrayItem(data.get(), [&](const uint8_t* bytes, size_t) { take(reinterpret_cast<PCUITEMID_CHILD>(bytes)); });
+    HWND list = GetListControl();
+    if (!folderView_ || !list) return;
+    const int count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+    for (int index = 0; index < count; ++index) {
+        if (selectedOnly && !(SendMessageW(list, LVM_GETITEMSTATE, index, LVIS_SELECTED) & LVIS_SELECTED)) continue;
+        PITEMID_CHILD child = nullptr;
+        if (SUCCEEDED(folderView_->Item(index, &child)) && child) take(child);
+        CoTaskMemFree(child);
+    }
 }
 
 // Read from the list's rows, never from the view's selection object: after a move or delete

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <thread>
 
 #include "core/settings_store_win.h"
@@ -42,6 +44,15 @@ TEST_F(UserCommands, ProgramsGetTheSelectionAndFoldersOpenInTheView) {
     const std::wstring expected = L"\"" + LowerCase(files_ / L"a b.txt") + L"\"\r\n";
     const std::string written = Output();
     EXPECT_EQ(LowerCase(std::wstring(written.begin(), written.end())), expected) << "one quoted path per selected item";
+
+    // Every row of the list, walked by its index: the view answers no question for all at once.
+    DeleteFileW(output_.c_str());
+    EXPECT_TRUE(browser.RunUserCommand(L"cmd.exe /c echo %all_files%>\"" + output_ + L"\""));
+    const std::string all = Output();
+    const std::wstring allText = LowerCase(std::wstring(all.begin(), all.end()));
+    EXPECT_NE(allText.find(L"\"" + LowerCase(files_ / L"a b.txt") + L"\""), std::wstring::npos) << all;
+    EXPECT_NE(allText.find(L"\"" + LowerCase(files_ / L"c.zzz") + L"\""), std::wstring::npos);
+    EXPECT_EQ(std::count(all.begin(), all.end(), '"'), 2 * ListCount(browser)) << "one quoted path per row";
 
     EXPECT_TRUE(browser.RunUserCommand(L"\"%curdir%\\sub\""));
     EXPECT_EQ(LowerCase(browser.CurrentPath()), LowerCase(files_ / L"sub")) << "a folder opens in the view";
