@@ -3,6 +3,7 @@
 #include <shellapi.h>
 
 #include "nav/drop_text.h"
+#include "view/file_drop.h"
 #include "view/file_clipboard_win.h"
 
 namespace tessel {
@@ -78,11 +79,6 @@ STDMETHODIMP CIDropTargetPlus::Drop(IDataObject* data, DWORD keys, POINTL, DWORD
 }
 
 bool CIDropTargetPlus::OnDropText(const std::wstring&, DWORD) { return false; }
-
-DWORD CIDropTargetPlus::OpeningEffect(DWORD allowed) {
-    if (allowed & DROPEFFECT_LINK) return DROPEFFECT_LINK;
-    return allowed & DROPEFFECT_COPY ? DROPEFFECT_COPY : DROPEFFECT_NONE;
-}
 
 std::wstring CIDropTargetPlus::DropTextOf(IDataObject* data) {
     const std::vector<std::wstring> files = DroppedFilesOf(data);

@@ -26,9 +26,6 @@ public:
     STDMETHODIMP Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) override;
     // Receives the dropped item as text; true when it was used. The base does nothing with it.
     virtual bool OnDropText(const std::wstring& text, DWORD keys);
-    // The effect a drop that only opens what it names reports: a link where the source allows
-    // one, else a copy, never a move (the source must keep what was dragged).
-    static DWORD OpeningEffect(DWORD allowed);
 
     // The text a data object stands for: the first file (a ".url" file's address instead of its
     // path), or the text it offers.

@@ -7,6 +7,7 @@
 #include "core/settings_store_win.h"
 #include "nav/tab_label.h"
 #include "nav/tab_view_win.h"
+#include "view/file_drop.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
 

@@ -25,10 +25,6 @@ STDMETHODIMP_(ULONG) CMyBrowser_IDropTargetPlus::Release() {
     return left;
 }
 
-DWORD CMyBrowser_IDropTargetPlus::OpeningEffect(DWORD allowed) {
-    return (allowed & DROPEFFECT_LINK) ? DROPEFFECT_LINK : (allowed & DROPEFFECT_COPY) ? DROPEFFECT_COPY : DROPEFFECT_NONE;
-}
-
 DWORD CMyBrowser_IDropTargetPlus::FilesEffect(POINTL point, DWORD keys, DWORD allowed, std::wstring* target) const {
     const std::wstring folder = hooks_.folderAt ? hooks_.folderAt(point) : std::wstring();
     if (target) *target = folder;

@@ -39,7 +39,6 @@ public:
 private:
     enum class Kind { kNone, kTab, kFiles, kOther };
     virtual ~CMyBrowser_IDropTargetPlus() = default;
-    static DWORD OpeningEffect(DWORD allowed);  // a link where allowed, else a copy: never a move
     DWORD FilesEffect(POINTL point, DWORD keys, DWORD allowed, std::wstring* target) const;
     HRESULT DropFiles(IDataObject* data, DWORD keys, POINTL point, DWORD* effect);
 

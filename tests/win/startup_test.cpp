@@ -5,8 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <mutex>
-#include <thread>
+#include <functional>
 
 #include "core/settings_store_win.h"
 #include "res/resource.h"
@@ -300,26 +299,31 @@ bool ShowsTexts(HWND dialog) {
     return texts;
 }
 
-HWND OwnDialog(HWND frame) {
-    DWORD process = 0;
-    GetWindowThreadProcessId(frame, &process);
+// The first visible top-level window whose process and class fit.
+HWND FindWindowOf(const std::function<bool(HWND window, DWORD process, const std::wstring& className)>& fits) {
     struct Search {
-        DWORD process;
+        const std::function<bool(HWND, DWORD, const std::wstring&)>& fits;
         HWND found = nullptr;
-    } search{process};
+    } search{fits};
     EnumWindows(
         [](HWND window, LPARAM data) -> BOOL {
             auto* s = reinterpret_cast<Search*>(data);
-            DWORD owner = 0;
-            GetWindowThreadProcessId(window, &owner);
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (owner != s->process || std::wstring(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            wchar_t name[64] = {};
+            GetClassNameW(window, name, 64);
+            if (!IsWindowVisible(window) || !s->fits(window, process, name)) return TRUE;
             s->found = window;
             return FALSE;
         },
         reinterpret_cast<LPARAM>(&search));
     return search.found;
+}
+
+HWND OwnDialog(HWND frame) {
+    DWORD own = 0;
+    GetWindowThreadProcessId(frame, &own);
+    return FindWindowOf([own](HWND, DWORD process, const std::wstring& name) { return process == own && name == L"#32770"; });
 }
 
 TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
@@ -399,29 +403,19 @@ TEST_F(Startup, OpeningTheFavoritesFolderWithNoneKnownAsksForOne) {
     if (FileExists(std::wstring(appData) + L"\\Tessel\\Favoriten")) GTEST_SKIP() << "a favorites folder exists here";
     TesselProcess tessel(exe_, L"");
     ASSERT_TRUE(tessel.WaitForWindow());
-    DWORD process = 0;
-    GetWindowThreadProcessId(tessel.Frame(), &process);
+    DWORD own = 0;
+    GetWindowThreadProcessId(tessel.Frame(), &own);
     PostMessageW(tessel.Frame(), WM_COMMAND, ID_FAV_OPEN_IN_VIEW, 0);
-    struct Search {
-        DWORD process;
-        HWND found = nullptr;
-    } search{process};
-    for (int i = 0; i < 250 && !search.found; ++i, Sleep(20))
-        EnumWindows(
-            [](HWND window, LPARAM data) -> BOOL {
-                auto* s = reinterpret_cast<Search*>(data);
-                DWORD owner = 0;
-                GetWindowThreadProcessId(window, &owner);
-                wchar_t name[16] = {};
-                GetClassNameW(window, name, 16);
-                if (owner != s->process || std::wstring(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
-                for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-                    if (testing::GetWindowTextString(child) == L"Verzeichnisauswahl / Select a directory:") s->found = window;
-                return s->found ? FALSE : TRUE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-    ASSERT_NE(search.found, nullptr) << "the folder browser shows with its title";
-    PostMessageW(search.found, WM_COMMAND, IDCANCEL, 0);
+    auto titled = [own](HWND window, DWORD process, const std::wstring& name) {
+        if (process != own || name != L"#32770") return false;
+        for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+            if (testing::GetWindowTextString(child) == L"Verzeichnisauswahl / Select a directory:") return true;
+        return false;
+    };
+    HWND browser = nullptr;
+    for (int i = 0; i < 250 && !browser; ++i, Sleep(20)) browser = FindWindowOf(titled);
+    ASSERT_NE(browser, nullptr) << "the folder browser shows with its title";
+    PostMessageW(browser, WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(tessel.CloseAndWait(), 0);
     EXPECT_EQ(CMyProfStr(exe_).GetString(L"Favoriten", L"Ordner", L""), L"") << "nothing chosen, nothing stored";
 }
@@ -466,32 +460,20 @@ TEST_F(Startup, AFurtherInstanceOpensWithTheSameFolders) {
     DWORD firstId = 0;
     GetWindowThreadProcessId(first.Frame(), &firstId);
     PostMessageW(first.Frame(), WM_COMMAND, ID_FILE_NEW_INSTANCE, 0);
-    struct Search {
-        DWORD other;
-        HWND found = nullptr;
-    } search{firstId};
-    for (int i = 0; i < 500 && !search.found; ++i, Sleep(20))
-        EnumWindows(
-            [](HWND window, LPARAM data) -> BOOL {
-                auto* s = reinterpret_cast<Search*>(data);
-                DWORD owner = 0;
-                GetWindowThreadProcessId(window, &owner);
-                wchar_t name[32] = {};
-                GetClassNameW(window, name, 32);
-                if (owner == s->other || std::wstring(name) != L"TesselMainFrame" || !IsWindowVisible(window)) return TRUE;
-                s->found = window;
-                return FALSE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-    ASSERT_NE(search.found, nullptr) << "a second main window";
+    HWND frame = nullptr;
+    for (int i = 0; i < 500 && !frame; ++i, Sleep(20))
+        frame = FindWindowOf([firstId](HWND, DWORD process, const std::wstring& name) {
+            return process != firstId && name == L"TesselMainFrame";
+        });
+    ASSERT_NE(frame, nullptr) << "a second main window";
     EXPECT_TRUE(FileExists(folder_ / L"start2.tsf"));
     wchar_t text[1024] = {};
-    GetWindowTextW(GetDlgItem(search.found, 1002), text, 1024);
+    GetWindowTextW(GetDlgItem(frame, 1002), text, 1024);
     EXPECT_EQ(LowerCase(text), LowerCase(b.path()));
     DWORD secondId = 0;
-    GetWindowThreadProcessId(search.found, &secondId);
+    GetWindowThreadProcessId(frame, &secondId);
     HANDLE second = OpenProcess(SYNCHRONIZE, FALSE, secondId);
-    PostMessageW(search.found, WM_CLOSE, 0, 0);
+    PostMessageW(frame, WM_CLOSE, 0, 0);
     EXPECT_EQ(WaitForSingleObject(second, 20000), WAIT_OBJECT_0);
     CloseHandle(second);
     EXPECT_EQ(first.CloseAndWait(), 0);

@@ -15,6 +15,10 @@ TEST(FileDrop, KeysAndVolumeChooseTheEffectWithinWhatTheSourceAllows) {
     EXPECT_EQ(FileDropEffect(0, true, kDropCopy), kDropCopy) << "a source that only gives copies";
     EXPECT_EQ(FileDropEffect(kKeyShift, true, kDropCopy), 0u) << "a move asked for and refused";
     EXPECT_EQ(FileDropEffect(0, true, 4), 0u) << "links only: nothing";
+    // A drop that only opens what it names never reports a move.
+    EXPECT_EQ(OpeningEffect(kDropCopy | kDropMove | kDropLink), kDropLink);
+    EXPECT_EQ(OpeningEffect(kDropCopy | kDropMove), kDropCopy);
+    EXPECT_EQ(OpeningEffect(kDropMove), 0u);
 }
 
 TEST(FileDrop, VolumesAndDropsIntoThemselves) {
