@@ -2,19 +2,12 @@
 # Navigation into folders of 1,000, 10,000 and 100,000 files: Tessel against a bare host of the
 # same shell view, also with colours and a filter; the folder sizes of a tree of 100,000 files;
 # the export of the largest list; back and forward against direct navigations; the address
-# bar's sub-folder popup of 10,000 folders; the status worker in the largest folder. The folders
-# are made once, from the host side, in build/bench-data. Run by scripts/bench.sh with the Wine environment set.
+# bar's sub-folder popup of 10,000 folders; the status worker in the largest folder. Run by
+# scripts/bench.sh.
 set -euo pipefail
-here=$(cd "$(dirname "$0")/.." && pwd)
-. "$here/scripts/wine-env.sh"
-data=$here/build/bench-data
-mkdir -p "$data/empty"
-for n in 1000 10000 100000; do
-  [ -e "$data/complete-$n" ] && continue
-  rm -rf "$data/files-$n" && mkdir -p "$data/files-$n"
-  (cd "$data/files-$n" && seq -f 'f%06g.txt' 0 $((n - 1)) | xargs touch)
-  touch "$data/complete-$n"
-done
+. "$(dirname "$0")/../scripts/bench-data.sh"
+data=$bench_data
+bench_files 1000 10000 100000
 if [ ! -e "$data/complete-folders-10000" ]; then  # the address bar's popup reads these
   rm -rf "$data/folders-10000" && mkdir -p "$data/folders-10000"
   (cd "$data/folders-10000" && seq -f 'd%05g' 0 9999 | xargs mkdir)
@@ -29,8 +22,4 @@ if [ ! -e "$data/complete-tree-100000" ]; then  # the folder sizes walk these: 1
   touch "$data/complete-tree-100000"
 fi
 mkdir -p "$data/deep/level1/level2/level3/level4/level5/level6/level7/level8/level9/level10/level11/level12"
-out=$(mktemp)
-trap 'rm -f "$out"' EXIT
-# Into a file: a command substitution would wait for Wine's helpers holding the pipe.
-"$WINE" "$here/build/win64/bin/navigate_bench.exe" "Z:${data//\//\\}" > "$out" 2>/dev/null
-tr -d '\r' < "$out"
+bench_run navigate_bench.exe

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "bare_host_win.h"
 #include "bench_support_win.h"
+#include "side_by_side_win.h"
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
@@ -252,15 +252,11 @@ int wmain(int argc, wchar_t** argv) {
     HWND frame = MakeBenchFrame(1040, 680);
     int status = 0;
     {
-        CPloder panel(0);
-        panel.Create(frame);
-        SetWindowPos(panel.hwnd(), nullptr, 0, 0, 500, 640, SWP_NOZORDER);
-        bench::BareHost bare(frame);
-        SetWindowPos(bare.hwnd(), nullptr, 510, 0, 500, 640, SWP_NOZORDER);
-        panel.NavigateToText(root + L"\\empty");
-        CMyShellBrowser& browser = *panel.Active();
+        SideBySide views(frame, root);
+        CPloder& panel = views.panel;
+        bench::BareHost& bare = views.bare;
+        CMyShellBrowser& browser = views.Browser();
         win::UniquePidl empty = win::PidlFromPath(root + L"\\empty");
-        bare.Navigate(empty.get());
 
         const std::wstring only = argc > 2 ? argv[2] : L"";
         for (int files : {1000, 10000, 100000}) {

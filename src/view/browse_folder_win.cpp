@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include "core/fill_in.h"
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
@@ -73,15 +74,78 @@ void CMyShellBrowser::SelectAfterUp(PCIDLIST_ABSOLUTE child) {
 
 HRESULT CMyShellBrowser::RefreshView() {
     if (navigating_) return E_PENDING;  // the navigation running makes a fresh view anyway
-    ScopedOption columns(Options().spalten_speichern, 1);
+    if (LeaveIfGone()) return S_OK;
+    ListAgain();
     suppressClick_ = true;
-    if (shown_) {
-        target_ = win::ClonePidl(shown_.get());
-        BrowseFolder(false);
-    }
+    const ListSort sort = SortToKeep();
     HRESULT result = view_ ? view_->Refresh() : E_FAIL;
     suppressClick_ = false;
+    if (SUCCEEDED(result)) ApplySort(sort);
     return result;
+}
+
+// A folder removed from outside is left for the nearest folder above it that still exists; the
+// status says why until the user does something else.
+bool CMyShellBrowser::LeaveIfGone() {
+    if (!shown_ || navigating_) return false;
+    if (StillThere(shown_.get())) {
+        // Where the directory watcher runs, its handle keeps a removed folder in place until it
+        // closes, and the folder looks as it was.
+        if (!dirWatch_.Running()) return false;
+        dirWatch_.Stop();
+        if (StillThere(shown_.get())) {
+            StartDirectoryWatch();
+            return false;
+        }
+    }
+    win::UniquePidl above = win::ClonePidl(shown_.get());
+    do above = win::ParentOf(above.get());
+    while (above && !ILIsEmpty(above.get()) && !StillThere(above.get()));
+    const std::wstring gone = currentName_;
+    if (!above || !NavigateTo(std::move(above), false, true)) return false;
+    notice_ = FillIn(GetText(IDS_FOLDER_GONE), {gone, currentName_});
+    statusText_ = notice_;
+    owner_.BrowserStatus(*this, statusText_);
+    return true;
+}
+
+void CMyShellBrowser::ListAgain() {
+    if (navigating_ || !shown_) return;
+    ScopedOption columns(Options().spalten_speichern, 1);
+    suppressClick_ = true;
+    target_ = win::ClonePidl(shown_.get());
+    BrowseFolder(false);
+    suppressClick_ = false;
+}
+
+// Where the view tells its sort columns, the next view is told them too. Otherwise the view
+// keeps its sort column in the header clicks it served, and lists a refreshed folder in its own
+// order: the same clicks are given again, counted from the clicks it has served.
+void CMyShellBrowser::FollowColumnClick(int column) {
+    sort_.ascending = column == sort_.column ? !sort_.ascending : true;
+    sort_.column = column;
+}
+
+CMyShellBrowser::ListSort CMyShellBrowser::SortToKeep() const {
+    ListSort sort = sort_;
+    win::ComPtr<IFolderView2> view = view_.As<IFolderView2>();
+    sort.byView = view && view->GetSortColumns(&sort.viewColumn, 1) == S_OK;
+    return sort;
+}
+
+void CMyShellBrowser::ApplySort(const ListSort& want) {
+    HWND list = GetListControl();
+    if (!list || !viewWindow_) return;
+    win::ComPtr<IFolderView2> view = view_.As<IFolderView2>();
+    if (want.byView && view && view->SetSortColumns(&want.viewColumn, 1) == S_OK) return;
+    if (want.column < 0) return;
+    int clicks = want.ascending ? 1 : 2;
+    if (want.column == sort_.column) clicks = want.ascending == sort_.ascending ? 2 : 1;
+    NMLISTVIEW click{};
+    click.hdr = {list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), LVN_COLUMNCLICK};
+    click.iItem = -1;
+    click.iSubItem = want.column;
+    for (; clicks > 0; --clicks) SendMessageW(viewWindow_, WM_NOTIFY, click.hdr.idFrom, reinterpret_cast<LPARAM>(&click));
 }
 
 namespace {
@@ -146,11 +210,17 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     win::ComPtr<IShellFolder> folder = StillThere(target_.get()) ? win::BindFolder(target_.get()) : nullptr;
     targetFolder_ = folder;  // the view asks for its columns while it is made
     statusText_.clear();
+    notice_.clear();
     Sleep(0);
     bool ok = false;
+    const ListSort sort = shown_ && win::SamePidl(target_.get(), shown_.get()) ? SortToKeep() : ListSort{};
     if (folder) {
         RecordOutgoingState();
         ok = SwapInView(folder, NextFolderSettings(), counted);
+    }
+    if (ok) {
+        sort_ = ListSort{};
+        ApplySort(sort);
     }
     if (!ok) {
         selectionMark_ = savedMark;

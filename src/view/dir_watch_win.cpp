@@ -76,19 +76,25 @@ void CMyReadDirectoryChanges::Run(std::stop_token stop, std::wstring path, HWND 
         OVERLAPPED overlapped{};
         overlapped.hEvent = readDone.get();
         ResetEvent(readDone.get());
+        // The folder gone or no longer watchable: told as a change of the folder itself, once.
+        const DirChange itself{kActionModified, L"", path, L""};
         if (!ReadChangesFunction()(directory.get(), buffer.data(), kBufferBytes, subtree, filter_, nullptr,
-                                   &overlapped, nullptr))
-            return;  // the folder is gone or cannot be watched
+                                   &overlapped, nullptr)) {
+            if (!stop.stop_requested()) SendMessageW(window, message, reinterpret_cast<WPARAM>(&itself), 0);
+            return;
+        }
         if (WaitForMultipleObjects(2, wake, FALSE, INFINITE) != WAIT_OBJECT_0) {
             CancelRead(directory.get(), overlapped);
             return;
         }
         DWORD bytes = 0;
         const bool read = GetOverlappedResult(directory.get(), &overlapped, &bytes, FALSE);
-        if (!read && GetLastError() != ERROR_NOTIFY_ENUM_DIR) return;
+        if (!read && GetLastError() != ERROR_NOTIFY_ENUM_DIR) {
+            if (!stop.stop_requested()) SendMessageW(window, message, reinterpret_cast<WPARAM>(&itself), 0);
+            return;
+        }
         if (!read || bytes == 0) {  // more changes than the buffer holds: the folder itself changed
-            const DirChange all{kActionModified, L"", path, L""};
-            SendMessageW(window, message, reinterpret_cast<WPARAM>(&all), 0);
+            SendMessageW(window, message, reinterpret_cast<WPARAM>(&itself), 0);
             continue;
         }
         reader.Read(reinterpret_cast<const uint8_t*>(buffer.data()), bytes, [&](const DirChange& change) {

@@ -83,6 +83,7 @@ void CMyShellBrowser::FollowDisk() {
         return;
     }
     diskStale_ = false;
+    if (LeaveIfGone()) return;
     RefreshKeepingPlace();
     ++diskFollows_;
     ++burstFollows_;
@@ -110,10 +111,7 @@ void CMyShellBrowser::RefreshKeepingPlace() {
         if (IsItemList(focused) && SUCCEEDED(view_->SelectItem(reinterpret_cast<PCUITEMID_CHILD>(focused.data()),
                                                                 SVSI_FOCUSED | SVSI_DESELECTOTHERS)))
             flags = 0;
-        for (const ItemBytes& bytes : selected)
-            if (IsItemList(bytes) &&
-                SUCCEEDED(view_->SelectItem(reinterpret_cast<PCUITEMID_CHILD>(bytes.data()), SVSI_SELECT | flags)))
-                flags = 0;
+        SelectItems(selected, SVSI_SELECT | flags);
         RestorePlace(list, place);
         SendMessageW(list, WM_SETREDRAW, TRUE, 0);
         InvalidateRect(list, nullptr, TRUE);

@@ -76,6 +76,8 @@ LRESULT CMyShellBrowser::ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM
         auto* header = reinterpret_cast<NMHDR*>(lParam);
         if (header->code == NM_CUSTOMDRAW && header->hwndFrom == self->subclassedList_)
             return self->OnListCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+        if (header->code == LVN_COLUMNCLICK && header->hwndFrom == self->subclassedList_)
+            self->FollowColumnClick(reinterpret_cast<NMLISTVIEW*>(lParam)->iSubItem);
         if (header->code == LVN_GETDISPINFOW && header->hwndFrom == self->subclassedList_) {
             const LRESULT result = win::CallOriginal(view, message, wParam, lParam);
             self->AnswerSizeText(reinterpret_cast<NMLVDISPINFOW*>(lParam));

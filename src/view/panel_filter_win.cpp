@@ -52,7 +52,7 @@ void CPloder::ApplyFilterText() {
             Settings().PutInt(sectionName_, L"by_filter", 1);
         }
     }
-    if (changed && switches.show_filter && switches.by_filter && active_) active_->RefreshView();
+    if (changed && switches.show_filter && switches.by_filter && active_) active_->ListAgain();
 }
 
 }  // namespace tessel

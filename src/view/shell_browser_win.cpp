@@ -125,6 +125,7 @@ STDMETHODIMP CMyShellBrowser::OnDefaultCommand(IShellView* view) {
 STDMETHODIMP CMyShellBrowser::OnStateChange(IShellView*, ULONG change) {
     if (change == CDBOSC_SELCHANGE) {
         statusRequested_ = true;
+        notice_.clear();
         owner_.SelectionChanged(*this);
     }
     return S_OK;
@@ -267,6 +268,7 @@ void CMyShellBrowser::OnStatusReady() {
                             GetText(IDS_STATUS_FILES), GetText(108)};
     statusText_ = FormatStatusText(result.counts, Options().status_selection_type, Options().status_no_selection_type,
                                    words);
+    if (!notice_.empty()) statusText_ = notice_ + L" " + statusText_;
     freeSpaceText_ = result.freeKnown
                          ? FormatFreeSpace(result.freeBytes, result.driveBytes, GetText(108), GetText(109))
                          : std::wstring();
@@ -291,6 +293,7 @@ void CMyShellBrowser::OnShellChange(WPARAM wParam, LPARAM lParam) {
     lastChange_ = ReadShellChange(wParam, lParam);  // the folder sizes take their path from here
     if (ChangeAffectsFreeSpace(lastChange_.event)) SetTimer(hwnd(), kTimerFreeSpace, 200, nullptr);
     if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
+    if (ChangeRemovesFolder(lastChange_, currentName_)) SetTimer(hwnd(), kTimerFollowDisk, 150, nullptr);
 }
 
 void CMyShellBrowser::RegisterChangeNotify() {

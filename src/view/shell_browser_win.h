@@ -108,6 +108,8 @@ public:
     int NavigateToText(const std::wstring& text);
     int BrowseFolder(bool counted);
     HRESULT RefreshView();
+    // A new view of the folder shown, listed once, with columns and sort kept (a filter changed).
+    void ListAgain();
     void NavigateUp();
     void SelectAfterUp(PCIDLIST_ABSOLUTE child);
     HWND GetListControl() const;
@@ -153,7 +155,9 @@ public:
     // The selected or all items of the view in list order, asked of the view in one call.
     void ForEachViewItem(bool selectedOnly, const std::function<void(PCUITEMID_CHILD)>& take) const;
     IShellFolder* ShownFolder() const { return shownFolder_.get(); }
-    void SelectItems(const std::vector<ItemBytes>& items);
+    // Selects the listed ones of `items`; the first found gets `firstFlags`, the others are added.
+    void SelectItems(const std::vector<ItemBytes>& items,
+                     UINT firstFlags = SVSI_SELECT | SVSI_DESELECTOTHERS | SVSI_ENSUREVISIBLE | SVSI_FOCUSED);
     const ShellChange& LastShellChange() const { return lastChange_; }
     void SetActive(bool active);  // shown and given the focus, or hidden and deactivated
     // What the list shows, for an export: captions, widths and every row.
@@ -276,8 +280,20 @@ private:
     bool inUse_ = false;  // the browser view of the T-View in use
     UINT uiState_ = SVUIA_ACTIVATE_NOFOCUS;
     COLORREF colors_[4] = {};
+    // The column the list is sorted by, as its header was clicked; kept while the folder stays.
+    struct ListSort {
+        int column = -1;  // -1: the view's own order
+        bool ascending = true;
+        bool byView = false;  // the view told its sort column
+        SORTCOLUMN viewColumn{};
+    } sort_;
+    void FollowColumnClick(int column);
+    ListSort SortToKeep() const;
+    void ApplySort(const ListSort& want);
 
     std::wstring statusText_;
+    std::wstring notice_;  // said before the counts until the next navigation or selection
+    bool LeaveIfGone();
     std::wstring freeSpaceText_;
     ULONG notifyId_ = 0;
     ShellChange lastChange_;

@@ -2,6 +2,7 @@
 // What a browser view does with a shell change notice: the event and its two paths decide
 // whether the free space is worked out again and which path the folder sizes hear of.
 #include <string>
+#include <string_view>
 
 namespace tessel {
 
@@ -32,5 +33,8 @@ bool ChangeAffectsFreeSpace(long event);
 // The path the folder-size cache is told about: the item of a create or update, the new name
 // of a renamed item; "" for every other event.
 std::wstring PathForFolderSizes(const ShellChange& change);
+
+// A folder removed or renamed that is the folder shown or one above it.
+bool ChangeRemovesFolder(const ShellChange& change, std::wstring_view shownPath);
 
 }  // namespace tessel

@@ -19,47 +19,8 @@ bool Ask(HWND list, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 
 }  // namespace
 
-// Folder and file counts and the total size, read a step at a time so that the reading can go
-// on while the GUI thread sums a batch of the selection.
-class StatusWorker::FolderScan {
-public:
-    ~FolderScan() {
-        if (find_ != INVALID_HANDLE_VALUE) FindClose(find_);
-    }
-    bool Open(const std::wstring& folder) {
-        find_ = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &data_, FindExSearchNameMatch, nullptr,
-                                 FIND_FIRST_EX_LARGE_FETCH);
-        return find_ != INVALID_HANDLE_VALUE;
-    }
-    // Up to `entries` more; false once the folder is read.
-    bool Step(int entries, ListCounts& counts) {
-        for (int n = 0; n < entries && find_ != INVALID_HANDLE_VALUE; ++n) {
-            Count(counts);
-            if (!FindNextFileW(find_, &data_)) {
-                FindClose(find_);
-                find_ = INVALID_HANDLE_VALUE;
-            }
-        }
-        return find_ != INVALID_HANDLE_VALUE;
-    }
-
-private:
-    void Count(ListCounts& counts) const {
-        if (!wcscmp(data_.cFileName, L".") || !wcscmp(data_.cFileName, L"..")) return;
-        if (data_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-            ++counts.folders;
-        } else {
-            ++counts.files;
-            counts.totalBytes += (uint64_t(data_.nFileSizeHigh) << 32) | data_.nFileSizeLow;
-        }
-    }
-    HANDLE find_ = INVALID_HANDLE_VALUE;
-    WIN32_FIND_DATAW data_{};
-};
-
 namespace {
 
-constexpr int kScanStep = 256;  // entries read between looks for the GUI thread's answer
 constexpr int kBatchSize = 5000;
 constexpr double kBatchTimeMs = 5;  // the GUI thread answers one batch at most this long
 
@@ -72,32 +33,29 @@ double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse fo
 
 }  // namespace
 
-// Sizes of the selected entries, summed by the GUI thread batch by batch, one posted request
-// each: the GUI thread's loop comes round between them, so input waits at most one batch. The
-// folder is read meanwhile. The batch lives in the worker object, so an answer that comes late
-// or never costs nothing.
-uint64_t StatusWorker::SelectedBytes(HWND owner, std::stop_token stop, FolderScan& scan, ListCounts& counts) {
-    uint64_t bytes = 0;
+// The rows are summed by the GUI thread batch by batch, one posted request each: the GUI
+// thread's loop comes round between them, so input waits at most one batch. The batch lives in
+// the worker object, so an answer that comes late or never costs nothing.
+bool StatusWorker::SumRows(HWND owner, std::stop_token stop, bool selectedOnly, ListCounts& counts) {
     int after = -1;
-    bool scanning = true;
     HANDLE wake[2] = {answered_.get(), stopped_.get()};
     while (!stop.stop_requested()) {
         {
             std::lock_guard lock(batchMutex_);
-            batch_ = Batch{true, after, -1, 0};
+            batch_ = Batch{true, selectedOnly, after};
         }
         ResetEvent(answered_.get());
-        if (!PostMessageW(owner, kMsgSelectionBatch, 0, 0)) break;
-        while (scanning && WaitForSingleObject(answered_.get(), 0) == WAIT_TIMEOUT && !stop.stop_requested())
-            scanning = scan.Step(kScanStep, counts);
-        if (WaitForMultipleObjects(2, wake, FALSE, kSendTimeoutMs) != WAIT_OBJECT_0) break;  // stopped or unanswered
+        if (!PostMessageW(owner, kMsgSelectionBatch, 0, 0)) return false;
+        if (WaitForMultipleObjects(2, wake, FALSE, kSendTimeoutMs) != WAIT_OBJECT_0) return false;
         std::lock_guard lock(batchMutex_);
-        if (batch_.asked) break;  // not answered after all
-        bytes += batch_.bytes;
-        if (batch_.last < 0) break;  // the end of the selection
+        if (batch_.asked) return false;  // not answered after all
+        counts.folders += batch_.folders;
+        counts.files += batch_.files;
+        counts.selectedBytes += batch_.bytes;
+        if (batch_.last < 0) return true;  // the end of the rows
         after = batch_.last;
     }
-    return bytes;
+    return false;
 }
 
 LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder) {
@@ -108,18 +66,24 @@ LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellF
     } answered{answered_.get()};
     if (!batch_.asked || !list || !view || !folder) return 0;
     int index = batch_.after;
+    const UINT which = batch_.selectedOnly ? LVNI_SELECTED : LVNI_ALL;
     const double deadline = NowMs() + kBatchTimeMs;
     for (int n = 0; n < kBatchSize && (n % 64 != 0 || NowMs() < deadline); ++n) {
-        index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), LVNI_SELECTED));
+        index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), which));
         batch_.last = index;
         if (index < 0) break;
-        // The size travels in the item's identifier: no file-system access per entry.
+        // The size travels in the item's identifier: no file-system access per row.
         PITEMID_CHILD child = nullptr;
         WIN32_FIND_DATAW data{};
         if (SUCCEEDED(view->Item(index, &child)) &&
-            SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &data, sizeof(data))) &&
-            !(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
-            batch_.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+            SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &data, sizeof(data)))) {
+            if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+                ++batch_.folders;
+            } else {
+                ++batch_.files;
+                batch_.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+            }
+        }
         CoTaskMemFree(child);
     }
     batch_.asked = false;
@@ -163,17 +127,16 @@ StatusResult StatusWorker::TakeResult() {
 
 void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath, HWND done, UINT doneMessage) {
     StatusResult result;
+    ListCounts& counts = result.counts;
     LRESULT value = 0;
-    if (list && Ask(list, LVM_GETITEMCOUNT, 0, 0, value)) result.counts.items = static_cast<int>(value);
-    if (list && Ask(list, LVM_GETSELECTEDCOUNT, 0, 0, value)) result.counts.selected = static_cast<int>(value);
+    if (list && Ask(list, LVM_GETITEMCOUNT, 0, 0, value)) counts.items = static_cast<int>(value);
+    if (list && Ask(list, LVM_GETSELECTEDCOUNT, 0, 0, value)) counts.selected = static_cast<int>(value);
     if (!folderPath.empty() && !stop.stop_requested()) {
-        const bool partial = result.counts.selected > 0 && result.counts.selected < result.counts.items;
-        FolderScan scan;
-        const bool opened = scan.Open(folderPath);
-        const uint64_t selected = partial ? SelectedBytes(done, stop, scan, result.counts) : 0;
-        while (opened && !stop.stop_requested() && scan.Step(kScanStep, result.counts)) {}
-        result.counts.sizesKnown = opened && !stop.stop_requested();
-        result.counts.selectedBytes = !partial ? result.counts.totalBytes : selected;
+        // With part of the list selected only the selection's size is shown; otherwise every row
+        // counts, and folders and files are told apart.
+        const bool partial = counts.selected > 0 && counts.selected < counts.items;
+        counts.sizesKnown = SumRows(done, stop, partial, counts);
+        if (!partial) counts.totalBytes = counts.selectedBytes;
         ULARGE_INTEGER freeBytes{}, totalBytes{};
         if (!stop.stop_requested() && GetDiskFreeSpaceExW(folderPath.c_str(), &freeBytes, &totalBytes, nullptr)) {
             result.freeKnown = true;

@@ -7,6 +7,8 @@
 
 #include <cstring>
 #include <functional>
+#include <string_view>
+#include <unordered_set>
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
@@ -93,15 +95,29 @@ std::vector<ItemBytes> CMyShellBrowser::SelectedItems() const {
     return items;
 }
 
-void CMyShellBrowser::SelectItems(const std::vector<ItemBytes>& items) {
+// One pass over the rows, each looked up among the wanted identifiers: asking the view item by
+// item costs a search of the whole list each. An item whose identifier changed since (its size
+// or time) is asked of the view by name, when few are left.
+void CMyShellBrowser::SelectItems(const std::vector<ItemBytes>& items, UINT firstFlags) {
     if (!view_) return;
-    UINT flags = SVSI_SELECT | SVSI_DESELECTOTHERS | SVSI_ENSUREVISIBLE | SVSI_FOCUSED;
-    for (const ItemBytes& bytes : items) {
-        // A child's identifier is a list of one item; the view matches it against its own.
-        if (!IsItemList(bytes)) continue;
-        if (SUCCEEDED(view_->SelectItem(reinterpret_cast<PCUITEMID_CHILD>(bytes.data()), flags)))
-            flags = SVSI_SELECT;
+    std::unordered_set<std::string_view> wanted;
+    for (const ItemBytes& bytes : items)
+        if (IsItemList(bytes)) wanted.emplace(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    UINT flags = firstFlags;
+    HWND list = GetListControl();
+    const int count = list && folderView_ ? static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)) : 0;
+    for (int index = 0; index < count && !wanted.empty(); ++index) {
+        PITEMID_CHILD child = nullptr;
+        if (SUCCEEDED(folderView_->Item(index, &child)) && child) {
+            const std::string_view key(reinterpret_cast<const char*>(child), ILGetSize(child));
+            if (wanted.erase(key) && SUCCEEDED(folderView_->SelectItem(index, flags))) flags = SVSI_SELECT;
+        }
+        CoTaskMemFree(child);
     }
+    constexpr size_t kAskedByName = 64;
+    if (wanted.size() > kAskedByName) return;
+    for (std::string_view bytes : wanted)
+        if (SUCCEEDED(view_->SelectItem(reinterpret_cast<PCUITEMID_CHILD>(bytes.data()), flags))) flags = SVSI_SELECT;
 }
 
 std::wstring CMyShellBrowser::FilterText() const {

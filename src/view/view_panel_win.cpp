@@ -314,9 +314,11 @@ void CPloder::BrowserFocused(CMyShellBrowser& browser) {
     PostMessageW(GetParent(hwnd()), kMsgViewFocused, viewIndex_, 0);
 }
 
-// Only the shown tab's list counts: the preview follows what the user sees.
+// Only the shown tab's list counts: the preview follows what the user sees. Selecting all of a
+// large list changes every row one by one; one notice goes out once the burst is over.
 void CPloder::SelectionChanged(CMyShellBrowser& browser) {
-    if (&browser == Active()) PostMessageW(GetParent(hwnd()), kMsgViewSelection, viewIndex_, 0);
+    if (&browser != Active() || selectionNoticed_) return;
+    selectionNoticed_ = PostMessageW(hwnd(), kMsgSelectionSettled, 0, 0);
 }
 
 void CPloder::SetTreeState(int shown, int split) {
@@ -337,7 +339,7 @@ void CPloder::ToggleFilterBox() {
     Settings().PutInt(sectionName_, L"show_filter", switches.show_filter);
     Layout();
     if (switches.show_filter) SetFocus(filterBox_);
-    if (switches.by_filter && !filter_.tokens.Empty() && active_) active_->RefreshView();
+    if (switches.by_filter && !filter_.tokens.Empty() && active_) active_->ListAgain();
 }
 
 void CPloder::Layout() {
@@ -440,6 +442,10 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_NOTIFY:
         return OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case kMsgSelectionSettled:
+        selectionNoticed_ = false;
+        PostMessageW(GetParent(hwnd()), kMsgViewSelection, viewIndex_, 0);
+        return 0;
     case WM_MEASUREITEM:
         if (MeasureUserMenuItem(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
         break;

@@ -166,6 +166,7 @@ private:
     PeerLookup peers_;
     std::unique_ptr<CAdressBar> addressBar_;
     bool inUse_ = false;
+    bool selectionNoticed_ = false;  // a selection change is on its way to the main frame
     std::function<void()> laterWork_;
     std::vector<QuickLinkEntry> menuEntries_;  // of the quick-links or programs menu while it is open
     std::vector<win::UniqueIcon> menuIcons_;
@@ -180,5 +181,7 @@ inline constexpr UINT kMsgViewFocused = WM_APP + 0x130;
 inline constexpr UINT kMsgViewNavigated = WM_APP + 0x131;
 // Posted to the main frame when the selection of a T-View's shown list changed.
 inline constexpr UINT kMsgViewSelection = WM_APP + 0x132;
+// Posted by a T-View to itself: the selection changes of one burst are told once.
+inline constexpr UINT kMsgSelectionSettled = WM_APP + 0x133;
 
 }  // namespace tessel

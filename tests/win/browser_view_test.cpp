@@ -2,6 +2,7 @@
 // the view, the status worker, and the clipboard between two T-Views.
 #include <windows.h>
 #include <commctrl.h>
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include <gtest/gtest.h>
@@ -94,13 +95,29 @@ TEST_F(BrowserView, BadLocationsKeepTheViewAndADeletedFolderDoesNotCrash) {
     EXPECT_EQ(browser.View(), before);
     EXPECT_EQ(Shown(), LowerCase(files_.path()));
 
-    ASSERT_TRUE(Go(files_ / L"sub"));
-    DeleteFileW((files_ / L"sub\\inner.txt").c_str());
-    ASSERT_TRUE(RemoveDirectoryW((files_ / L"sub").c_str()));
+    // A folder removed from outside while shown: F5 shows the nearest folder above that exists
+    // and says why; so does the view on its own when it sees the folder go.
+    CreateDirectoryW((files_ / L"sub\\deeper").c_str(), nullptr);
+    ASSERT_TRUE(Go(files_ / L"sub\\deeper"));
+    ASSERT_TRUE(MoveFileW((files_ / L"sub").c_str(), (files_ / L"moved").c_str()));
     browser.RefreshView();
-    browser.Execute(ID_VIEW_UP);
     EXPECT_EQ(Shown(), LowerCase(files_.path()));
-    EXPECT_EQ(ListCount(browser), 3);
+    EXPECT_EQ(ListCount(browser), 4);
+    EXPECT_NE(browser.StatusText().find(L"deeper"), std::wstring::npos);
+    ASSERT_TRUE(PumpUntil([&] { return browser.StatusText().find(L"4 ") != std::wstring::npos; }));
+    EXPECT_NE(browser.StatusText().find(L"deeper"), std::wstring::npos) << "the reason stays with the counts";
+
+    ASSERT_TRUE(Go(files_ / L"moved"));
+    Pump(200);
+    const std::wstring moved = files_ / L"moved";
+    std::wstring from = moved + L'\0';
+    SHFILEOPSTRUCTW remove{};
+    remove.wFunc = FO_DELETE;
+    remove.pFrom = from.c_str();
+    remove.fFlags = FOF_NO_UI;
+    ASSERT_EQ(SHFileOperationW(&remove), 0);
+    EXPECT_TRUE(PumpUntil([&] { return Shown() == LowerCase(files_.path()); })) << "left without F5";
+    EXPECT_EQ(GetFileAttributesW(moved.c_str()), INVALID_FILE_ATTRIBUTES) << "the watch held nothing back";
 }
 
 TEST_F(BrowserView, StatusCountsSizesAndFreeSpace) {
@@ -118,6 +135,59 @@ TEST_F(BrowserView, StatusCountsSizesAndFreeSpace) {
     wchar_t part[256] = {};
     SendMessageW(host_.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(part));
     EXPECT_EQ(std::wstring(part), browser.StatusText());
+
+    // Totals count what the list lists: with a filter, all or nothing selected, b.txt is not in.
+    CPloder& panel = host_.Panel();
+    if (!panel.Filter()->switches.show_filter) panel.ToggleFilterBox();
+    SetWindowTextW(GetDlgItem(panel.hwnd(), kFilterBoxId), L"a*");
+    panel.ApplyFilterText();
+    ASSERT_EQ(ListCount(browser), 3);
+    for (bool all : {false, true}) {
+        ListView_SetItemState(browser.GetListControl(), -1, all ? LVIS_SELECTED : 0, LVIS_SELECTED);
+        browser.RequestStatus();
+        EXPECT_TRUE(PumpUntil([&] { return browser.StatusText().rfind(L"3 ", 0) == 0 &&
+                                           browser.StatusText().find(L"(4 Byte)") != std::wstring::npos; }))
+            << std::string(browser.StatusText().begin(), browser.StatusText().end());
+    }
+    SetWindowTextW(GetDlgItem(panel.hwnd(), kFilterBoxId), L"");
+    panel.ApplyFilterText();
+    panel.ToggleFilterBox();
+}
+
+// A click on the header as the mouse makes it: the header tells the list, the list its view.
+void ClickColumn(HWND list, int column) {
+    HWND header = ListView_GetHeader(list);
+    RECT box{};
+    Header_GetItemRect(header, column, &box);
+    const LPARAM at = MAKELPARAM((box.left + box.right) / 2, (box.top + box.bottom) / 2);
+    SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    SendMessageW(header, WM_LBUTTONUP, 0, at);
+}
+
+TEST_F(BrowserView, SortColumnAndDirectionSurviveFilteringAndRefreshes) {
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    auto largestFirst = [&] { return RowOf(browser, L"b.txt") < RowOf(browser, L"a.txt"); };
+    ASSERT_FALSE(largestFirst());
+    ClickColumn(browser.GetListControl(), 1);  // size, ascending
+    ClickColumn(browser.GetListControl(), 1);  // descending
+    ASSERT_TRUE(largestFirst());
+
+    CPloder& panel = host_.Panel();
+    if (!panel.Filter()->switches.show_filter) panel.ToggleFilterBox();
+    SetWindowTextW(GetDlgItem(panel.hwnd(), kFilterBoxId), L"*.txt");
+    panel.ApplyFilterText();
+    EXPECT_TRUE(largestFirst()) << "filtered";
+    browser.RefreshView();
+    EXPECT_TRUE(largestFirst()) << "refreshed";
+    browser.RefreshView();
+    EXPECT_TRUE(largestFirst()) << "refreshed twice";
+    SetWindowTextW(GetDlgItem(panel.hwnd(), kFilterBoxId), L"");
+    panel.ApplyFilterText();
+    EXPECT_TRUE(largestFirst()) << "filter cleared";
+    ClickColumn(browser.GetListControl(), 1);
+    EXPECT_FALSE(largestFirst()) << "the next click still turns the order";
+    panel.ToggleFilterBox();
 }
 
 TEST_F(BrowserView, CopyAndCutPasteBetweenTwoViews) {

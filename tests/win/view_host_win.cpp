@@ -54,11 +54,15 @@ int ListCount(CMyShellBrowser& browser) {
     return list ? static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)) : -1;
 }
 
+int RowOf(CMyShellBrowser& browser, const std::wstring& name) {
+    LVFINDINFOW find{LVFI_STRING, name.c_str()};
+    return static_cast<int>(SendMessageW(browser.GetListControl(), LVM_FINDITEMW, static_cast<WPARAM>(-1),
+                                         reinterpret_cast<LPARAM>(&find)));
+}
+
 bool SelectByName(CMyShellBrowser& browser, const std::wstring& name) {
     HWND list = browser.GetListControl();
-    LVFINDINFOW find{LVFI_STRING, name.c_str()};
-    const int index = static_cast<int>(SendMessageW(list, LVM_FINDITEMW, static_cast<WPARAM>(-1),
-                                                    reinterpret_cast<LPARAM>(&find)));
+    const int index = RowOf(browser, name);
     if (index < 0) return false;
     ListView_SetItemState(list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
     ListView_SetItemState(list, index, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);

@@ -40,6 +40,7 @@ bool PumpUntil(Condition condition, DWORD timeoutMs = 5000) {
     return true;
 }
 int ListCount(CMyShellBrowser& browser);
+int RowOf(CMyShellBrowser& browser, const std::wstring& name);  // -1 when not listed
 // Selects the list entry with this name (and nothing else); false when it is not listed.
 bool SelectByName(CMyShellBrowser& browser, const std::wstring& name);
 std::wstring SelectedName(CMyShellBrowser& browser);

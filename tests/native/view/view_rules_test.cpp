@@ -111,6 +111,14 @@ TEST(ShellChange, FreeSpaceEventsAndThePathTheFolderSizesHear) {
     EXPECT_EQ(PathForFolderSizes({kEventCreate, L"C:\\a", L""}), L"C:\\a");
     EXPECT_EQ(PathForFolderSizes({kEventUpdateItem, L"C:\\b", L""}), L"C:\\b");
     EXPECT_EQ(PathForFolderSizes({kEventDelete, L"C:\\c", L""}), L"");
+
+    // The folder shown or one above it removed or renamed; never a sibling with a longer name.
+    EXPECT_TRUE(ChangeRemovesFolder({kEventRmdir, L"C:\\Data", L""}, L"c:\\data"));
+    EXPECT_TRUE(ChangeRemovesFolder({kEventRenameFolder, L"C:\\Data\\", L"C:\\New"}, L"C:\\Data\\Sub"));
+    EXPECT_FALSE(ChangeRemovesFolder({kEventRmdir, L"C:\\Data", L""}, L"C:\\Database"));
+    EXPECT_FALSE(ChangeRemovesFolder({kEventRmdir, L"C:\\Data\\Sub", L""}, L"C:\\Data"));
+    EXPECT_FALSE(ChangeRemovesFolder({kEventCreate, L"C:\\Data", L""}, L"C:\\Data"));
+    EXPECT_FALSE(ChangeRemovesFolder({kEventRmdir, L"", L""}, L"C:\\Data"));
 }
 
 }  // namespace

@@ -1,0 +1,184 @@
+// Selection benchmark in a folder of 100,000 files: select all and the status that follows, a
+// click that clears the selection, clearing a filter, and Back restoring a selection of 20,000,
+// Tessel's browser view beside a bare host of the same shell view where that is the floor.
+#include <windows.h>
+#include <commctrl.h>
+#include <ole2.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "bench_support_win.h"
+#include "side_by_side_win.h"
+#include "core/general_options.h"
+#include "core/settings_store_win.h"
+#include "view/view_panel_win.h"
+#include "win/shell_item_win.h"
+
+using namespace tessel;
+using namespace tessel::bench;
+
+namespace {
+
+HWND ListOf(HWND host) {
+    HWND view = FindWindowExW(host, nullptr, L"SHELLDLL_DefView", nullptr);
+    return FindWindowExW(view ? view : host, nullptr, L"SysListView32", nullptr);
+}
+
+void SelectAll(HWND list, bool selected) { ListView_SetItemState(list, -1, selected ? LVIS_SELECTED : 0, LVIS_SELECTED); }
+
+// What a click on one row does to the list: every other row deselected, the row selected and focused.
+void ClickRow(HWND list, int row) {
+    SelectAll(list, false);
+    ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+// Serves the queue until the status text differs from `before`; answers the time taken and
+// the longest single step.
+std::pair<double, double> UntilStatusChanges(CMyShellBrowser& browser, const std::wstring& before, double start) {
+    double longest = 0;
+    while (browser.StatusText() == before && Now() - start < 60000) {
+        longest = std::max(longest, Drain());
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 2, QS_ALLINPUT);
+    }
+    return {Now() - start, longest};
+}
+
+void Settle() {  // the status of what came before is worked out and shown
+    const double start = Now();
+    while (Now() - start < 400) {
+        Drain();
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
+    }
+}
+
+void BenchSelectAll(CMyShellBrowser& browser, HWND bareList) {
+    HWND list = browser.GetListControl();
+    std::vector<double> own, bare, status;
+    double longest = 0;
+    for (int run = 0; run < 3; ++run) {
+        SelectAll(list, false);
+        Settle();
+        const std::wstring before = browser.StatusText();
+        double start = Now();
+        SelectAll(list, true);
+        own.push_back(Now() - start);
+        const auto [took, step] = UntilStatusChanges(browser, before, start);
+        status.push_back(took);
+        longest = std::max(longest, step);
+        SelectAll(bareList, false);
+        Drain();
+        start = Now();
+        SelectAll(bareList, true);
+        bare.push_back(Now() - start);
+    }
+    std::printf("select all of 100000: Tessel %.0f ms, bare host %.0f ms; the status follows after %.0f ms, "
+                "longest GUI step meanwhile %.1f ms (medians of 3)\n",
+                Median(own), Median(bare), Median(status), longest);
+    std::printf("select-all-100000-ui-max-block-ms: %.1f\n", longest);
+    std::printf("status-100000-ms: %.0f\n", Median(status));
+}
+
+void BenchClearSelection(CMyShellBrowser& browser, HWND bareList) {
+    HWND list = browser.GetListControl();
+    std::vector<double> own, bare;
+    for (int run = 0; run < 3; ++run) {
+        SelectAll(list, true);
+        Settle();
+        const std::wstring before = browser.StatusText();
+        const double start = Now();
+        ClickRow(list, 1);
+        own.push_back(UntilStatusChanges(browser, before, start).first);
+        SelectAll(bareList, true);
+        Drain();
+        const double bareStart = Now();
+        ClickRow(bareList, 1);
+        Drain();
+        bare.push_back(Now() - bareStart);
+    }
+    std::printf("a click clearing a selection of 100000, until the status follows: Tessel %.0f ms, bare host %.0f ms "
+                "(medians of 3)\n", Median(own), Median(bare));
+    std::printf("clear-selection-100000-ms: %.0f\n", Median(own));
+}
+
+void BenchFilterClear(CPloder& panel, CMyShellBrowser& browser, PCIDLIST_ABSOLUTE empty, PCIDLIST_ABSOLUTE folder) {
+    HWND box = GetDlgItem(panel.hwnd(), kFilterBoxId);
+    if (!panel.Filter()->switches.show_filter) panel.ToggleFilterBox();
+    std::vector<double> clear, listing;
+    for (int run = 0; run < 3; ++run) {
+        SetWindowTextW(box, L"f0999*");
+        panel.ApplyFilterText();
+        Drain();
+        double start = Now();
+        SetWindowTextW(box, L"");
+        panel.ApplyFilterText();
+        UpdateWindow(panel.hwnd());
+        Drain();
+        clear.push_back(Now() - start);
+        browser.NavigateTo(win::ClonePidl(empty), false, true);
+        Drain();
+        start = Now();
+        browser.NavigateTo(win::ClonePidl(folder), false, true);
+        UpdateWindow(panel.hwnd());
+        Drain();
+        listing.push_back(Now() - start);
+    }
+    panel.ToggleFilterBox();
+    std::printf("clearing a filter in 100000 files: %.0f ms, listing the folder unfiltered %.0f ms (medians of 3)\n",
+                Median(clear), Median(listing));
+    std::printf("filter-clear-100000-ratio: %.2f\n", Median(clear) / Median(listing));
+}
+
+void BenchBackRestore(CMyShellBrowser& browser, PCIDLIST_ABSOLUTE empty, const std::wstring& root) {
+    win::UniquePidl folder = win::PidlFromPath(MakeFolder(root, 20000));
+    ScopedOption remember(Options().merke_markierte, 1);
+    std::vector<double> times;
+    int restored = 0;
+    for (int run = 0; run < 3; ++run) {
+        browser.NavigateTo(win::ClonePidl(folder.get()), false, true);
+        SelectAll(browser.GetListControl(), true);
+        Drain();
+        browser.NavigateTo(win::ClonePidl(empty), false, true);
+        Drain();
+        const double start = Now();
+        browser.GoBack();
+        UpdateWindow(browser.hwnd());
+        Drain();
+        times.push_back(Now() - start);
+        restored = ListView_GetSelectedCount(browser.GetListControl());
+    }
+    std::printf("back into 20000 files restoring all of them selected (%d restored): %.0f ms (median of 3)\n", restored,
+                Median(times));
+    std::printf("back-restore-selection-20000-ms: %.0f\n", Median(times));
+}
+
+}  // namespace
+
+// The folders are made under the folder named on the command line, else under the temporary folder.
+int wmain(int argc, wchar_t** argv) {
+    const std::wstring root = StartBench(argc, argv, L"");
+    CreateDirectoryW((root + L"\\empty").c_str(), nullptr);
+    HWND frame = MakeBenchFrame(1040, 680);
+    {
+        SideBySide views(frame, root);
+        CPloder& panel = views.panel;
+        bench::BareHost& bare = views.bare;
+        CMyShellBrowser& browser = views.Browser();
+        win::UniquePidl empty = win::PidlFromPath(root + L"\\empty");
+        win::UniquePidl folder = win::PidlFromPath(MakeFolder(root, 100000));
+        browser.NavigateTo(win::ClonePidl(folder.get()), false, true);
+        bare.Navigate(folder.get());
+        Drain();
+        BenchSelectAll(browser, ListOf(bare.hwnd()));
+        BenchClearSelection(browser, ListOf(bare.hwnd()));
+        BenchFilterClear(panel, browser, empty.get(), folder.get());
+        BenchBackRestore(browser, empty.get(), root);
+    }
+    DestroyWindow(frame);
+    DestroySettings();
+    OleUninitialize();
+    return 0;
+}
