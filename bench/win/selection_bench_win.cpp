@@ -79,6 +79,7 @@ void BenchSelectAll(CMyShellBrowser& browser, HWND bareList) {
                 "longest GUI step meanwhile %.1f ms (medians of 3)\n",
                 Median(own), Median(bare), Median(status), longest);
     std::printf("select-all-100000-ui-max-block-ms: %.1f\n", longest);
+    std::fflush(stdout);
     std::printf("status-100000-ms: %.0f\n", Median(status));
 }
 
@@ -102,6 +103,7 @@ void BenchClearSelection(CMyShellBrowser& browser, HWND bareList) {
     std::printf("a click clearing a selection of 100000, until the status follows: Tessel %.0f ms, bare host %.0f ms "
                 "(medians of 3)\n", Median(own), Median(bare));
     std::printf("clear-selection-100000-ms: %.0f\n", Median(own));
+    std::fflush(stdout);
 }
 
 void BenchFilterClear(CPloder& panel, CMyShellBrowser& browser, PCIDLIST_ABSOLUTE empty, PCIDLIST_ABSOLUTE folder) {
@@ -130,6 +132,7 @@ void BenchFilterClear(CPloder& panel, CMyShellBrowser& browser, PCIDLIST_ABSOLUT
     std::printf("clearing a filter in 100000 files: %.0f ms, listing the folder unfiltered %.0f ms (medians of 3)\n",
                 Median(clear), Median(listing));
     std::printf("filter-clear-100000-ratio: %.2f\n", Median(clear) / Median(listing));
+    std::fflush(stdout);
 }
 
 void BenchBackRestore(CMyShellBrowser& browser, PCIDLIST_ABSOLUTE empty, const std::wstring& root) {
@@ -153,6 +156,7 @@ void BenchBackRestore(CMyShellBrowser& browser, PCIDLIST_ABSOLUTE empty, const s
     std::printf("back into 20000 files restoring all of them selected (%d restored): %.0f ms (median of 3)\n", restored,
                 Median(times));
     std::printf("back-restore-selection-20000-ms: %.0f\n", Median(times));
+    std::fflush(stdout);
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "view/file_clipboard_win.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
+#include "win/shell_menu_win.h"
 #include "win/window_win.h"
 
 namespace tessel {
@@ -258,7 +259,7 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
         screen = {tab.left, tab.bottom};
         ClientToScreen(strip_, &screen);
     }
-    const UINT command = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, strip_, nullptr);
+    const UINT command = win::TrackShellMenu(menu.get(), TPM_RIGHTBUTTON, screen, strip_, shellMenu.get());
     RunContextCommand(command, index, shellMenu.get());
 }
 

@@ -305,6 +305,29 @@ void CMyShellBrowser::RegisterChangeNotify() {
                                        kMsgShellChange, 1, &entry);
 }
 
+void CMyShellBrowser::Close() {
+    TearDownView();
+    for (UINT_PTR timer : {kTimerTick, kTimerFreeSpace, kTimerRenavigate, kTimerFocus, kTimerReselect,
+                           kTimerFolderSizes, kTimerSizeCells, kTimerFollowDisk})
+        KillTimer(hwnd(), timer);
+    history_.Clear();
+    shown_.reset();
+    shownFolder_.reset();
+    previous_.reset();
+    previousFolder_.reset();
+    target_.reset();
+    currentName_.clear();
+    statusText_.clear();
+    notice_.clear();
+    sort_ = ListSort{};
+    reselect_.reset();
+    droppedFolder_.reset();
+    statusRequested_ = false;
+    diskStale_ = false;
+    sizesShown_.clear();
+    ShowWindow(hwnd(), SW_HIDE);
+}
+
 void CMyShellBrowser::TearDownView() {
     dirWatch_.Stop();
     followArmed_ = false;

@@ -168,6 +168,9 @@ public:
     int StatusRuns() const { return statusRuns_; }    // how often the status was worked out
     // The view and list colours after the colour rules or the T-View in use changed.
     void SetInUseColours(bool inUse);
+    // Its tab was closed: the view, its watchers, workers and timers end, and the folder and
+    // history are let go, so that a reused slot starts as a new tab does.
+    void Close();
     bool closed = false;  // kept by the panel for reuse
     bool busy = false;
     void RequestStatus() { statusRequested_ = true; }

@@ -13,6 +13,7 @@
 #include "view/file_clipboard_win.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
+#include "win/shell_menu_win.h"
 #include "win/subclass_win.h"
 
 namespace tessel {
@@ -142,7 +143,7 @@ void CMyShellBrowser::RunItemMenu(POINT screen) {
     win::UniqueMenu popup(CreatePopupMenu());
     if (!popup || FAILED(menu->QueryContextMenu(popup.get(), 0, kFirstMenuId, kLastMenuId, CMF_NORMAL | CMF_CANRENAME)))
         return;
-    const UINT id = TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, hwnd(), nullptr);
+    const UINT id = win::TrackShellMenu(popup.get(), TPM_RIGHTBUTTON, screen, hwnd(), menu.get());
     if (id >= kFirstMenuId) RunMenuCommand(menu.get(), id - kFirstMenuId);
 }
 

@@ -16,6 +16,7 @@
 #include "view/column_memory.h"
 #include "view/location_text.h"
 #include "win/shell_item_win.h"
+#include "win/shell_menu_win.h"
 
 namespace tessel {
 namespace {
@@ -132,8 +133,7 @@ void CPloder::CloseBrowser(CMyShellBrowser* browser) {
     if (!browser) return;
     browser->closed = true;
     browser->busy = true;
-    if (browser->View()) browser->View()->UIActivate(SVUIA_DEACTIVATE);
-    ShowWindow(browser->hwnd(), SW_HIDE);
+    browser->Close();
     if (active_ == browser) active_ = nullptr;
 }
 
@@ -303,7 +303,7 @@ void CPloder::ShowBackgroundMenu(POINT screen) {
     if (!popup) return;
     HWND modes = toolbars_.Modes();
     if (modes) ShowWindow(modes, SW_HIDE);
-    const UINT id = TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, hwnd(), nullptr);
+    const UINT id = win::TrackShellMenu(popup.get(), TPM_RIGHTBUTTON, screen, hwnd(), menu.get());
     if (id >= kFirstMenuId && id <= kLastMenuId && active_) active_->RunMenuCommand(menu.get(), id - kFirstMenuId);
     SendMessageW(statusBar_, SB_SIMPLE, FALSE, 0);
     Layout();  // the mode toolbar comes back where there is room for it

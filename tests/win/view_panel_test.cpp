@@ -10,6 +10,7 @@
 
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
+#include "features/folder_size_worker_win.h"
 #include "res/resource.h"
 #include "view/column_memory.h"
 #include "view_host_win.h"
@@ -112,11 +113,24 @@ TEST(ViewPanel, FifteenBrowsersThenMax16UntilOneIsClosed) {
     answer.join();
     EXPECT_TRUE(sawMessage);
 
-    HWND window = browsers[6]->hwnd();
-    panel.CloseBrowser(browsers[6]);
+    // A closed browser holds nothing that runs; its reused slot starts without history.
+    TempFolder folder;
+    CreateDirectoryW((folder / L"inner").c_str(), nullptr);
+    CMyShellBrowser& closing = *browsers[6];
+    ScopedOption sizes(FolderSizeOptions().fld_size, 1);
+    ASSERT_TRUE(closing.NavigateToText(folder.path()));
+    ASSERT_TRUE(closing.NavigateToText(folder / L"inner"));
+    ASSERT_TRUE(closing.History().CanGoBack());
+    HWND window = closing.hwnd();
+    panel.CloseBrowser(&closing);
+    EXPECT_EQ(closing.View(), nullptr);
+    EXPECT_FALSE(closing.FolderSizesRunning());
+    EXPECT_FALSE(KillTimer(window, 1005)) << "no status tick";
     CMyShellBrowser* reused = panel.GetOrCreateBrowser();
     EXPECT_EQ(reused, browsers[6]);
     EXPECT_EQ(reused->hwnd(), window) << "no new window";
+    EXPECT_FALSE(reused->History().CanGoBack());
+    EXPECT_EQ(reused->Current(), nullptr);
     EXPECT_EQ(panel.BrowserCount(), 15);
 }
 
