@@ -11,6 +11,8 @@ double Now();  // milliseconds
 // Serves the queue until it is empty; answers the longest single step in milliseconds. A step
 // includes the messages other threads send, which PeekMessage serves before it returns.
 double Drain();
+// The same, leaving painting out of the longest step: a list's painting is the control's own work.
+double DrainUnpainted();
 double Median(std::vector<double> values);
 // "<root>\files-<n>" with n empty files, made once (a marker file says it is complete).
 std::wstring MakeFolder(const std::wstring& root, int files);

@@ -68,12 +68,12 @@ private:
     const std::atomic<bool>& paused_;
 };
 
+}  // namespace
+
 std::wstring UpperName(std::wstring name) {
     CharUpperBuffW(name.data(), static_cast<DWORD>(name.size()));
     return name;
 }
-
-}  // namespace
 
 FolderSizeSettings& FolderSizeOptions() {
     static FolderSizeSettings settings;
@@ -85,11 +85,13 @@ IDirectoryLister& FileSystemLister() {
     return lister;
 }
 
-void FolderSizeWorker::Start(const std::wstring& folder, bool recurse, HWND notify, UINT message) {
+void FolderSizeWorker::Start(const std::wstring& folder, bool recurse, HWND notify, UINT message,
+                             std::vector<std::wstring> only) {
     Stop();
     finished_ = false;
-    thread_ = std::jthread([this, folder, recurse, notify, message](std::stop_token stop) {
-        Run(std::move(stop), folder, recurse, notify, message);
+    measured_ = 0;
+    thread_ = std::jthread([this, folder, recurse, notify, message, only = std::move(only)](std::stop_token stop) mutable {
+        Run(std::move(stop), folder, recurse, notify, message, std::move(only));
     });
 }
 
@@ -100,9 +102,10 @@ void FolderSizeWorker::Stop() {
     thread_ = {};
 }
 
-void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message) {
-    std::vector<std::wstring> names;  // the listed sub-folders; links are never measured
-    if (auto listing = FileSystemLister().Open(folder)) {
+void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message,
+                          std::vector<std::wstring> names) {
+    // The listed sub-folders, unless named; links are never measured.
+    if (auto listing = names.empty() ? FileSystemLister().Open(folder) : nullptr) {
         DirectoryEntry entry;
         while (listing->Next(entry))
             if (entry.directory && !entry.reparsePoint && entry.name != L"." && entry.name != L"..")
@@ -123,6 +126,7 @@ void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recur
                 return;
             }
             cache_.Store(UpperName(names[i]), totals);
+            ++measured_;
             DWORD last = lastNotice;
             const DWORD now = timeGetTime();
             if (now - last >= kRedrawInterval && lastNotice.compare_exchange_strong(last, now))

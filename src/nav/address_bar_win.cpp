@@ -277,7 +277,10 @@ bool CAdressBar::SubmitTypedText() {
         return true;
     }
     const bool went = typed_ && typed_(text);
-    if (!went) MessageBeep(MB_OK);  // nothing by that name: the view stays where it was
+    if (!went) {  // nothing by that name: the view stays where it was, the text is kept to correct
+        MessageBeep(MB_OK);
+        SendMessageW(edit, EM_SETSEL, 0, -1);
+    }
     return went;
 }
 
@@ -297,7 +300,9 @@ LRESULT CAdressBar::EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lPar
             if (self->SubmitTypedText()) PostMessageW(self->hwnd(), kMsgSegmentsBack, 0, 0);
             return 0;
         }
-        if (wParam == VK_ESCAPE) {
+        if (wParam == VK_ESCAPE) {  // the typing is dropped: the shown folder again
+            self->ShowFolderText();
+            SendMessageW(edit, EM_SETSEL, 0, -1);
             PostMessageW(self->hwnd(), kMsgSegmentsBack, 0, 0);
             return 0;
         }

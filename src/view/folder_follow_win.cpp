@@ -64,8 +64,9 @@ void CMyShellBrowser::StartDirectoryWatch() {
 }
 
 void CMyShellBrowser::OnDirectoryChange(const DirChange* change) {
-    if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
-    if (!change || !ShellMissesOutsideChanges()) return;
+    if (!change) return;
+    NoteSizeChange(change->fullPath);
+    if (!ShellMissesOutsideChanges()) return;
     const DWORD now = GetTickCount();
     if (now - lastChangeTick_ > kBurstOverMs) burstFollows_ = 0;
     lastChangeTick_ = now;

@@ -10,6 +10,8 @@
 
 #include "features/folder_size_worker_win.h"
 #include "view/shell_browser_win.h"
+#include "view/shell_change.h"
+#include "win/shell_item_win.h"
 #include "win/window_win.h"
 
 namespace tessel {
@@ -45,6 +47,8 @@ void CMyShellBrowser::StartFolderSizes() {
     sizeWorker_.Stop();
     sizeCache_.Clear();
     sizesShown_.clear();
+    sizesChanged_.clear();
+    sizesAllChanged_ = false;
     sizeColumn_ = -1;
     const FolderSizeSettings& settings = FolderSizeOptions();
     wchar_t path[MAX_PATH] = {};
@@ -57,6 +61,32 @@ void CMyShellBrowser::StartFolderSizes() {
         SendMessageW(subclassedList_, LVM_SETCOLUMNWIDTH, sizeColumn_, wanted);
     // "mode" 1 counts only what lies directly in each folder; any other value walks the whole tree.
     sizeWorker_.Start(path, settings.mode != 1, hwnd(), kMsgFolderSizes);
+    PauseFolderSizes();
+}
+
+void CMyShellBrowser::NoteSizeChange(const std::wstring& path) {
+    if (!FolderSizeOptions().fld_size || sizeColumn_ < 0) return;
+    const SizeChange change = SizeChangeOf(win::FileSystemPathOf(shown_.get()), path);
+    if (!change.all && change.folder.empty()) return;  // a file of the folder: no folder's size changed
+    sizesAllChanged_ = sizesAllChanged_ || change.all;
+    if (!change.folder.empty()) sizesChanged_.insert(change.folder);
+    SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
+}
+
+// Only the folders that changed are measured again, once the walk before has ended; the sizes
+// of the others stay.
+void CMyShellBrowser::MeasureChangedSizes() {
+    if (sizesAllChanged_ || sizeColumn_ < 0) return StartFolderSizes();
+    if (sizesChanged_.empty()) return;
+    if (sizeWorker_.Running()) {
+        SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
+        return;
+    }
+    std::vector<std::wstring> names(sizesChanged_.begin(), sizesChanged_.end());
+    for (const std::wstring& name : names) sizesShown_.erase(UpperName(name));
+    sizesChanged_.clear();
+    sizeWorker_.Start(win::FileSystemPathOf(shown_.get()), FolderSizeOptions().mode != 1, hwnd(), kMsgFolderSizes,
+                      std::move(names));
     PauseFolderSizes();
 }
 

@@ -215,7 +215,7 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
         SetTimer(hwnd(), kTimerTick, 100, nullptr);
         break;
     case kTimerFolderSizes:
-        StartFolderSizes();
+        MeasureChangedSizes();
         break;
     case kTimerSizeCells:
         OnFolderSizes();
@@ -292,7 +292,7 @@ ShellChange ReadShellChange(WPARAM wParam, LPARAM lParam) {
 void CMyShellBrowser::OnShellChange(WPARAM wParam, LPARAM lParam) {
     lastChange_ = ReadShellChange(wParam, lParam);  // the folder sizes take their path from here
     if (ChangeAffectsFreeSpace(lastChange_.event)) SetTimer(hwnd(), kTimerFreeSpace, 200, nullptr);
-    if (FolderSizeOptions().fld_size) SetTimer(hwnd(), kTimerFolderSizes, 500, nullptr);
+    if (const std::wstring path = PathForFolderSizes(lastChange_); !path.empty()) NoteSizeChange(path);
     if (ChangeRemovesFolder(lastChange_, currentName_)) SetTimer(hwnd(), kTimerFollowDisk, 150, nullptr);
 }
 

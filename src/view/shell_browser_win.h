@@ -164,6 +164,7 @@ public:
     ExportTable ListTable() const;
     IDropTarget* ListDropTarget() const;  // the target in front of the list's own; null without a list
     bool FolderSizesRunning() const { return sizeWorker_.Running(); }
+    int FoldersMeasured() const { return sizeWorker_.Measured(); }  // by the latest walk
     int DiskFollows() const { return diskFollows_; }  // how often outside changes were listed
     int StatusRuns() const { return statusRuns_; }    // how often the status was worked out
     // The view and list colours after the colour rules or the T-View in use changed.
@@ -230,6 +231,9 @@ private:
     // Folder sizes: the walk of the folder shown, its results in the size column.
     void StartFolderSizes();
     void PauseFolderSizes();
+    // A change at `path`: the listed folder it lies in is measured again once changes settle.
+    void NoteSizeChange(const std::wstring& path);
+    void MeasureChangedSizes();
     void OnFolderSizes();
     void AnswerSizeText(NMLVDISPINFOW* info);
     std::wstring UpperNameOf(int row) const;  // the row's file name, upper-cased
@@ -327,6 +331,8 @@ private:
     FolderSizeWorker sizeWorker_{sizeCache_};  // after the cache it writes to
     int sizeColumn_ = -1;
     std::set<std::wstring> sizesShown_;  // rows whose measured size was drawn
+    std::set<std::wstring> sizesChanged_;  // listed folders to measure again
+    bool sizesAllChanged_ = false;
 };
 
 // A shell change notice as the registration delivers it.

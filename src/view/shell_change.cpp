@@ -16,6 +16,17 @@ std::wstring PathForFolderSizes(const ShellChange& change) {
     return {};
 }
 
+SizeChange SizeChangeOf(std::wstring_view shown, std::wstring_view changed) {
+    while (!shown.empty() && shown.back() == L'\\') shown.remove_suffix(1);
+    while (!changed.empty() && changed.back() == L'\\') changed.remove_suffix(1);
+    if (shown.empty() || changed.size() < shown.size() || !EqualNoCase(changed.substr(0, shown.size()), shown))
+        return {};
+    if (changed.size() == shown.size()) return {true, {}};
+    if (changed[shown.size()] != L'\\') return {};
+    std::wstring_view below = changed.substr(shown.size() + 1);
+    return {false, std::wstring(below.substr(0, below.find(L'\\')))};
+}
+
 bool ChangeRemovesFolder(const ShellChange& change, std::wstring_view shown) {
     if (!(change.event & (kEventRmdir | kEventRenameFolder | kEventDelete)) || change.first.empty()) return false;
     std::wstring_view removed = change.first;

@@ -34,6 +34,14 @@ bool ChangeAffectsFreeSpace(long event);
 // of a renamed item; "" for every other event.
 std::wstring PathForFolderSizes(const ShellChange& change);
 
+// What a change at `changed` asks of the folder sizes of the list of `shown`: everything measured
+// again (the folder itself changed), or the one listed folder the path lies in (empty: none).
+struct SizeChange {
+    bool all = false;
+    std::wstring folder;
+};
+SizeChange SizeChangeOf(std::wstring_view shown, std::wstring_view changed);
+
 // A folder removed or renamed that is the folder shown or one above it.
 bool ChangeRemovesFolder(const ShellChange& change, std::wstring_view shownPath);
 

@@ -7,6 +7,7 @@
 #include <cwchar>
 #include <utility>
 
+#include "core/fill_in.h"
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
@@ -157,9 +158,15 @@ bool CPloder::NavigateToText(const std::wstring& path) {
     return NavigateTo(win::PidlFromPath(NormalizeLocationText(path)));
 }
 
+// A typed location that leads nowhere leaves the view where it was; the status says why.
 bool CPloder::NavigateToTyped(const std::wstring& text) {
     win::UniquePidl folder = ResolveTypedAddress(text);
-    return folder && NavigateTo(std::move(folder)) && HasLocation();
+    if (folder && NavigateTo(std::move(folder)) && HasLocation()) return true;
+    constexpr size_t kShownChars = 260;
+    const std::wstring shown = text.size() > kShownChars ? text.substr(0, kShownChars) + L"..." : text;
+    const std::wstring why = FillIn(GetText(IDS_LOCATION_NOT_OPENED), {shown});
+    SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(why.c_str()));
+    return false;
 }
 
 std::unique_ptr<CAdressBar> MakeAddressBar(HWND parent, int id, std::function<CPloder*()> target) {

@@ -54,6 +54,20 @@ TEST_F(AddressBar, TypedPathsVariablesAndBadInputLeaveTheViewWhereItWas) {
         EXPECT_FALSE(Type(bad)) << "typed: " << std::string(bad.begin(), bad.begin() + std::min<size_t>(bad.size(), 40));
         EXPECT_EQ(Shown(), LowerCase(files_ / L"deep\\er"));
     }
+    // Typed and entered: the status says why, the text stays selected, Escape brings the folder back.
+    HWND edit = Bar()->Edit();
+    SetWindowTextW(edit, (files_ / L"gone").c_str());
+    SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 0);
+    wchar_t status[512] = {};
+    SendMessageW(host_.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(status));
+    EXPECT_NE(std::wstring(status).find(files_ / L"gone"), std::wstring::npos);
+    DWORD from = 1, to = 0;
+    SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    EXPECT_EQ(from, 0u);
+    EXPECT_EQ(to, static_cast<DWORD>(GetWindowTextLengthW(edit)));
+    SendMessageW(edit, WM_KEYDOWN, VK_ESCAPE, 0);
+    EXPECT_EQ(LowerCase(GetWindowTextString(edit)), LowerCase(files_ / L"deep\\er"));
+
     // A bare drive letter is its root.
     EXPECT_TRUE(Type(L"c"));
     EXPECT_EQ(Shown(), L"c:\\");

@@ -184,12 +184,6 @@ TEST(ListExport, FolderListWrittenAndParsedBackAndTargetsKept) {
     EXPECT_FALSE(WriteExportFile(out / L"no\\such\\folder.txt", table, ExportType::kText));
 }
 
-int RowOf(CMyShellBrowser& browser, const std::wstring& name) {
-    for (int i = 0; i < ListCount(browser); ++i)
-        if (ItemText(browser.GetListControl(), i) == name) return i;
-    return -1;
-}
-
 // A name typed without its extension names an existing file once the type's extension is
 // added: the export asks about that file, and "No" leaves it as it was.
 TEST(ListExport, AnExistingFileIsReplacedOnlyAfterAQuestion) {
@@ -247,6 +241,15 @@ TEST(FolderSizes, MeasuredFoldersShowInTheSizeColumn) {
     EXPECT_NE(bigText.find(L"100 %  4 / 1"), std::wstring::npos);
     EXPECT_EQ(emptyText, L"0  0 %  0 / 0");
     EXPECT_NE(CellText(list, RowOf(browser, L"loose.txt"), 1), L"") << "files keep the view's own size";
+    EXPECT_EQ(browser.FoldersMeasured(), 2);
+
+    // A folder made from outside is measured on its own; the others keep their sizes.
+    CreateDirectoryW((files / L"late").c_str(), nullptr);
+    WriteBytes(files / L"late\\e", std::string(700, 'x'));
+    ASSERT_TRUE(PumpUntil([&] { return RowOf(browser, L"late") >= 0 &&
+                                       CellText(list, RowOf(browser, L"late"), 1).find(L"700") != std::wstring::npos; }));
+    EXPECT_EQ(browser.FoldersMeasured(), 1);
+    EXPECT_EQ(CellText(list, RowOf(browser, L"big"), 1).substr(0, 5), bigText.substr(0, 5));
 
     settings.fld_size = 0;
     ASSERT_TRUE(host.Panel().NavigateToText(files / L"big"));

@@ -112,6 +112,15 @@ TEST(ShellChange, FreeSpaceEventsAndThePathTheFolderSizesHear) {
     EXPECT_EQ(PathForFolderSizes({kEventUpdateItem, L"C:\\b", L""}), L"C:\\b");
     EXPECT_EQ(PathForFolderSizes({kEventDelete, L"C:\\c", L""}), L"");
 
+    // A change measures again the listed folder it lies in, everything when the folder itself changed.
+    EXPECT_EQ(SizeChangeOf(L"C:\\Data", L"c:\\data\\Photos\\2024\\a.jpg").folder, L"Photos");
+    EXPECT_EQ(SizeChangeOf(L"C:\\", L"C:\\Photos").folder, L"Photos");
+    EXPECT_TRUE(SizeChangeOf(L"C:\\Data\\", L"C:\\Data").all);
+    for (const wchar_t* elsewhere : {L"C:\\Database\\x", L"C:\\Other\\x", L"C:\\Dat", L""}) {
+        const SizeChange none = SizeChangeOf(L"C:\\Data", elsewhere);
+        EXPECT_TRUE(!none.all && none.folder.empty()) << std::string(elsewhere, elsewhere + wcslen(elsewhere));
+    }
+
     // The folder shown or one above it removed or renamed; never a sibling with a longer name.
     EXPECT_TRUE(ChangeRemovesFolder({kEventRmdir, L"C:\\Data", L""}, L"c:\\data"));
     EXPECT_TRUE(ChangeRemovesFolder({kEventRenameFolder, L"C:\\Data\\", L"C:\\New"}, L"C:\\Data\\Sub"));
