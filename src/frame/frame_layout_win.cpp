@@ -58,8 +58,17 @@ void CMainFrame::SetTreeMode(int mode, bool reloadViews) {
 
 void CMainFrame::FocusView(int number) {
     if (number < 1 || number > kViewCount || !panels_[number - 1] || !layout_.visible[number - 1]) return;
-    focusedView_ = number;
+    UseView(number);
     SetFocus(panels_[number - 1]->hwnd());
+}
+
+void CMainFrame::UseView(int number) {
+    if (number < 1 || number > kViewCount || !panels_[number - 1]) return;
+    focusedView_ = number;
+    for (int i = 0; i < kViewCount; ++i)
+        if (panels_[i]) panels_[i]->SetInUse(i + 1 == focusedView_);
+    ShowFocusedLocation();
+    UpdatePreview();
 }
 
 void CMainFrame::Layout() {

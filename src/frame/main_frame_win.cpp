@@ -27,6 +27,7 @@ constexpr UINT kTimerParked = 2000;
 constexpr UINT kTimerSaveState = 2001;
 constexpr UINT kSaveStateDelayMs = 3000;  // changes within this time are saved together
 constexpr int kFailedLoadParam = 100;  // lParam of the command posted when a named file fails
+constexpr UINT kMsgFocusMoved = WM_APP + 0x160;  // the focus moved to the window in lParam
 
 bool IsExistingFile(const std::wstring& path) {
     DWORD attributes = GetFileAttributesW(path.c_str());
@@ -86,6 +87,7 @@ bool CMainFrame::PreTranslate(MSG& message) {
 
 bool CMainFrame::OnCreate() {
     StartMark("frame-create");
+    focusFollower_ = std::make_unique<FocusFollower>(hwnd(), kMsgFocusMoved);
     LoadGeneralOptions(Settings(), Options());
     Colours().Load(Settings());
     FolderSizeOptions() = ReadFolderSizeSettings(Settings());
@@ -427,7 +429,8 @@ bool CMainFrame::AddressBarCommand(int id) {
 void CMainFrame::TabCommand(int id) {
     HWND focus = GetFocus();
     for (int i = 0; i < kViewCount; ++i)  // the T-View in use is the one holding the focus
-        if (focus && (focus == panels_[i]->hwnd() || IsChild(panels_[i]->hwnd(), focus))) focusedView_ = i + 1;
+        if (focus && (focus == panels_[i]->hwnd() || IsChild(panels_[i]->hwnd(), focus)) && i + 1 != focusedView_)
+            UseView(i + 1);
     CPloder& panel = *panels_[focusedView_ - 1];
     switch (id) {
     case ID_TAB_NEW: panel.NewTab(); break;
@@ -554,15 +557,14 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED: EndBarDrag(); return 0;
     case WM_NOTIFY: return OnNotify(reinterpret_cast<NMHDR*>(lParam));
-    case kMsgViewFocused: {
-        // Posted when a list took the focus; views activated while a folder set is applied post
-        // it too, so only the T-View that holds the focus now counts.
+    case kMsgViewFocused:  // posted when a list took the focus
+    case kMsgFocusMoved: {
+        // Views activated while a folder set is applied post it too, so only the T-View that
+        // holds the focus now counts.
         HWND focus = GetFocus();
-        if (wParam < kViewCount && focus && IsChild(panels_[wParam]->hwnd(), focus))
-            focusedView_ = static_cast<int>(wParam) + 1;
-        for (int i = 0; i < kViewCount; ++i) panels_[i]->SetInUse(i + 1 == focusedView_);
-        ShowFocusedLocation();
-        UpdatePreview();
+        for (int i = 0; i < kViewCount; ++i)
+            if (focus && panels_[i] && (focus == panels_[i]->hwnd() || IsChild(panels_[i]->hwnd(), focus)))
+                UseView(i + 1);
         return 0;
     }
     case kMsgViewNavigated:
@@ -576,6 +578,7 @@ LRESULT CMainFrame::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (static_cast<int>(wParam) + 1 == focusedView_) UpdatePreview();
         return 0;
     case WM_DESTROY:
+        focusFollower_.reset();
         if (std::exchange(lastStateOpen_, false)) EndLastStateLoad(Settings());  // the window never showed
         for (auto& panel : panels_)
             if (panel) DestroyWindow(panel->hwnd());

@@ -7,6 +7,7 @@
 
 #include "frame/app_module_win.h"
 #include "frame/command_line.h"
+#include "frame/focus_follower_win.h"
 #include "frame/folder_set.h"
 #include "frame/layout_toolbar_win.h"
 #include "features/preview_pane_win.h"
@@ -45,6 +46,8 @@ public:
     void SetLayout(int layout, bool fromButton);
     const ViewLayout& Arrangement() const { return layout_; }
     void FocusView(int number);  // 1..4; a hidden T-View is not focused
+    // 1..4: the T-View in use, the only one shown so, which the frame's commands act on.
+    void UseView(int number);
     int FocusedView() const { return focusedView_; }
     int InstanceNumber() const { return instanceNumber_; }
 
@@ -155,6 +158,7 @@ private:
     HACCEL accelerators_ = nullptr;
     LastStateSaver lastState_;
     TrayIcon tray_;
+    std::unique_ptr<FocusFollower> focusFollower_;  // the T-View holding the focus is in use
 };
 
 }  // namespace tessel
