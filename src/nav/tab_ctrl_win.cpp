@@ -210,6 +210,9 @@ bool CCBrowserTabCtrl::DropTab(int target, bool copy) {
     const int before = view_->Count();
     view_->Select(view_->InsertTab(win::ClonePidl(CurrentFolderOf(*record)), std::to_wstring(target)));
     if (view_->Count() <= before) return false;
+    // The tab keeps where it has been.
+    TabRecord* arrived = view_->Record(view_->Selected());
+    if (arrived && arrived->browser && record->browser) arrived->browser->TakeHistoryOf(*record->browser);
     if (!copy) source->CloseTab(from);  // the last tab of a T-View stays where it is
     return true;
 }

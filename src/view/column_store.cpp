@@ -43,6 +43,14 @@ void ColumnStore::Save(ISettingsStore& settings, std::wstring_view section) {
     changed_.clear();
 }
 
+void ColumnStore::SaveInto(ISettingsStore& settings, std::wstring_view section) const {
+    std::map<std::wstring, StreamBytes> merged = ReadSection(settings, section);
+    for (const auto& [key, bytes] : columns_) merged[key] = bytes;
+    std::wstring lines;
+    for (const auto& [key, bytes] : merged) lines += key + L"=" + EncodeColumnValue(bytes) + L"\n";
+    settings.PutSection(section, lines);
+}
+
 const StreamBytes* ColumnStore::Find(const std::wstring& key) const {
     auto it = columns_.find(key);
     return it == columns_.end() ? nullptr : &it->second;

@@ -23,6 +23,9 @@ public:
     // of them never drops what another wrote. Nothing is written when nothing changed.
     void Save(ISettingsStore& settings, std::wstring_view section);
 
+    // Every entry of this memory written into `section`, whose other entries stay: the columns a
+    // view hands to another.
+    void SaveInto(ISettingsStore& settings, std::wstring_view section) const;
     const StreamBytes* Find(const std::wstring& key) const;
     // The slot a write fills; replaces what the key held.
     StreamBytes& Replace(const std::wstring& key);

@@ -144,6 +144,8 @@ public:
     // Hands this view's folder to another: with its view settings and columns, its history and
     // its selection as chosen.
     void TransferTo(CMyShellBrowser& target, bool viewSettings, bool history, bool selection);
+    // The other view's history, its shown folder's entry as it is now included (a tab moved here).
+    void TakeHistoryOf(CMyShellBrowser& source);
     // The file-system paths of the selected items that still exist.
     std::vector<std::wstring> SelectedPaths() const;
     // Copies or moves the files into the folder shown and lists it again; false when nothing was done.

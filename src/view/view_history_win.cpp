@@ -12,6 +12,7 @@
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "view/shell_browser_win.h"
 #include "win/shell_item_win.h"
@@ -210,7 +211,13 @@ void CMyShellBrowser::TransferTo(CMyShellBrowser& target, bool viewSettings, boo
     if (!view_ || !shown_ || &target == this) return;
     const std::vector<ItemBytes> selected = selection ? SelectedItems() : std::vector<ItemBytes>{};
     if (viewSettings) {
-        SaveColumnMemory();  // the target reads the same kind of section: the columns go along
+        // The columns go along: the source's memory is written to the target's section, which
+        // the target reads again.
+        ScopedOption columns(Options().spalten_speichern, 1);
+        view_->SaveViewState();
+        HarvestStreams();
+        columns_.Save(Settings(), columnSection_);
+        columns_.SaveInto(Settings(), target.columnSection_);
         target.LoadColumnMemory();
         target.jumpSettings_ = CurrentSettings();
         target.callerSettings_ = &target.jumpSettings_;
@@ -218,15 +225,21 @@ void CMyShellBrowser::TransferTo(CMyShellBrowser& target, bool viewSettings, boo
     // Without the history the target's own goes on, so the step counts there.
     target.NavigateTo(win::ClonePidl(shown_.get()), true, !history);
     target.callerSettings_ = nullptr;
-    if (history) {
-        // The shown folder's entry as it is now, then the whole history, after the target's
-        // own navigation has recorded what it left.
-        CaptureOutgoingState();
-        RecordHistoryEntry();
-        target.history_.CopyFrom(history_);
-    }
+    if (history) target.TakeHistoryOf(*this);
     if (selection) target.SelectItems(selected);
     target.owner_.HistoryChanged(target);
+}
+
+// The source's shown folder's entry as it is now, then its whole history, after this view's own
+// navigation has recorded what it left.
+void CMyShellBrowser::TakeHistoryOf(CMyShellBrowser& source) {
+    if (&source == this) return;
+    if (source.view_) {
+        source.CaptureOutgoingState();
+        source.RecordHistoryEntry();
+    }
+    history_.CopyFrom(source.history_);
+    owner_.HistoryChanged(*this);
 }
 
 }  // namespace tessel

@@ -56,14 +56,18 @@ TEST(DragDrop, FoldersOpenTabsAndTabsMoveBetweenViews) {
     left.Control().Drop(ShellDataOf(c / L"file.txt").get(), 0, {0, 0}, &effect);
     EXPECT_EQ(left.Count(), 2);
 
-    // The tab of c moves to the other T-View's strip, in front of its first tab.
+    // The tab of c moves to the other T-View's strip, in front of its first tab, with where it has been.
+    CreateDirectoryW((c / L"inner").c_str(), nullptr);
+    ASSERT_TRUE(host.Panel(0).NavigateToText(c / L"inner"));
     CCBrowserTabCtrl::BeginTabDrag(left, 1, false);
     right.Control().DropTab(0, false);
     CCBrowserTabCtrl::EndTabDrag();
     EXPECT_EQ(left.Count(), 1);
     ASSERT_EQ(right.Count(), 2);
     EXPECT_EQ(right.Selected(), 0);
-    EXPECT_EQ(LowerCase(host.Panel(1).Active()->CurrentPath()), LowerCase(c.path()));
+    EXPECT_EQ(LowerCase(host.Panel(1).Active()->CurrentPath()), LowerCase(c / L"inner"));
+    host.Panel(1).Active()->GoBack();
+    EXPECT_EQ(LowerCase(host.Panel(1).Active()->CurrentPath()), LowerCase(c.path())) << "the history came along";
 
     // Copied (the right-button menu's second command): both keep it; the last tab never leaves.
     CCBrowserTabCtrl::BeginTabDrag(left, 0, true);

@@ -165,8 +165,12 @@ TEST_F(History, ATransferCarriesFolderHistoryAndSelectionAndOutlivesTheSource) {
     ASSERT_TRUE(SelectByName(source, L"b.txt"));
     ASSERT_TRUE(Go(L"three", 1));
     CMyShellBrowser& target = host_.Browser(1);
+    const StreamBytes columns{0x10, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+    source.Columns().Replace(L"KindOfTest") = columns;
 
     source.TransferTo(target, true, true, true);
+    ASSERT_TRUE(target.Columns().Find(L"KindOfTest")) << "the columns go along";
+    EXPECT_EQ(*target.Columns().Find(L"KindOfTest"), columns);
     EXPECT_EQ(Shown(1), Expected(L"two"));
     EXPECT_EQ(ViewMode(1), static_cast<UINT>(FVM_LIST));
     EXPECT_EQ(SelectedName(target), L"b.txt");
