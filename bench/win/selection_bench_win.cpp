@@ -1,6 +1,7 @@
 // Selection benchmark in a folder of 100,000 files: select all and the status that follows, a
 // click that clears the selection, clearing a filter, and Back restoring a selection of 20,000,
-// Tessel's browser view beside a bare host of the same shell view where that is the floor.
+// Tessel's browser view beside a bare host of the same shell view where that is the floor. Then
+// stopping a worker stuck in a slow file system.
 #include <windows.h>
 #include <commctrl.h>
 #include <ole2.h>
@@ -15,6 +16,8 @@
 #include "side_by_side_win.h"
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
+#include "features/folder_size_worker_win.h"
+#include "features/folder_walk.h"
 #include "view/view_panel_win.h"
 #include "win/shell_item_win.h"
 
@@ -154,6 +157,34 @@ void BenchBackRestore(CMyShellBrowser& browser, PCIDLIST_ABSOLUTE empty, const s
     std::fflush(stdout);
 }
 
+// A file system that answers after seconds (a dropped network drive); it outlives the walks
+// left behind in it.
+class SlowLister final : public IDirectoryLister {
+public:
+    std::unique_ptr<IDirectoryListing> Open(const std::wstring&) override {
+        Sleep(3000);
+        return nullptr;
+    }
+};
+
+// The GUI thread stopping a folder-size walk that sits in such a file system.
+void BenchWorkerStop() {
+    static SlowLister slow;
+    double longest = 0;
+    for (int run = 0; run < 5; ++run) {
+        FolderSizeWorker worker(slow);
+        worker.Start(L"Z:\\slow", true, nullptr, 0);
+        Sleep(50);  // inside the slow listing
+        const double start = Now();
+        worker.Stop();
+        longest = std::max(longest, Now() - start);
+    }
+    std::printf("stopping a folder-size walk stuck in a slow file system: the GUI thread waits at most %.1f ms "
+                "(5 stops)\n", longest);
+    std::printf("worker-stop-ui-max-block-ms: %.1f\n", longest);
+    std::fflush(stdout);
+}
+
 }  // namespace
 
 // The folders are made under the folder named on the command line, else under the temporary folder.
@@ -178,6 +209,7 @@ int wmain(int argc, wchar_t** argv) {
                              true, [](HWND list) { ClickRow(list, 1); });
         BenchFilterClear(panel, browser, empty.get(), folder.get());
         BenchBackRestore(browser, empty.get(), root);
+        BenchWorkerStop();
     }
     DestroyWindow(frame);
     DestroySettings();

@@ -85,29 +85,43 @@ IDirectoryLister& FileSystemLister() {
     return lister;
 }
 
+// What a walk shares with its owner; a walk left behind keeps it alive.
+struct FolderSizeWorker::Walk {
+    IDirectoryLister& lister;
+    std::shared_ptr<FolderSizeCache> cache;
+    std::atomic<bool> paused{false};
+    std::atomic<int> measured{0};
+};
+
 void FolderSizeWorker::Start(const std::wstring& folder, bool recurse, HWND notify, UINT message,
                              std::vector<std::wstring> only) {
     Stop();
-    finished_ = false;
-    measured_ = 0;
-    thread_ = std::jthread([this, folder, recurse, notify, message, only = std::move(only)](std::stop_token stop) mutable {
-        Run(std::move(stop), folder, recurse, notify, message, std::move(only));
+    walk_ = std::make_shared<Walk>(lister_, cache_);
+    walk_->paused = paused_;
+    thread_.Start([walk = walk_, folder, recurse, notify, message, only = std::move(only)](std::stop_token stop) {
+        Run(std::move(stop), walk, folder, recurse, notify, message, only);
     });
 }
 
 void FolderSizeWorker::Stop() {
-    if (!thread_.joinable()) return;
-    thread_.request_stop();
-    thread_.join();
-    thread_ = {};
+    if (!thread_.Stop()) cache_ = std::make_shared<FolderSizeCache>();  // the walk left behind keeps the old one
 }
 
-void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message,
-                          std::vector<std::wstring> names) {
+void FolderSizeWorker::SetPaused(bool paused) {
+    paused_ = paused;
+    if (walk_) walk_->paused = paused;
+}
+
+bool FolderSizeWorker::Running() const { return thread_.Running(); }
+
+int FolderSizeWorker::Measured() const { return walk_ ? walk_->measured.load() : 0; }
+
+void FolderSizeWorker::Run(std::stop_token stop, std::shared_ptr<Walk> walk, std::wstring folder, bool recurse,
+                          HWND notify, UINT message, std::vector<std::wstring> names) {
     // The listed sub-folders, unless named; links are never measured.
-    if (auto listing = names.empty() ? FileSystemLister().Open(folder) : nullptr) {
+    if (auto listing = names.empty() ? walk->lister.Open(folder) : nullptr) {
         DirectoryEntry entry;
-        while (listing->Next(entry))
+        while (!stop.stop_requested() && listing->Next(entry))
             if (entry.directory && !entry.reparsePoint && entry.name != L"." && entry.name != L"..")
                 names.emplace_back(entry.name);
     }
@@ -117,16 +131,16 @@ void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recur
     std::atomic<size_t> next{0};
     std::atomic<DWORD> lastNotice{timeGetTime()};
     std::atomic<bool> cancelled{false};
-    auto walk = [&] {
-        WorkerControl control(stop, paused_);
+    auto measure = [&] {
+        WorkerControl control(stop, walk->paused);
         for (size_t i = next++; i < names.size(); i = next++) {
             FolderTotals totals;
-            if (!MeasureFolder(FileSystemLister(), folder + names[i], recurse, control, totals)) {
+            if (!MeasureFolder(walk->lister, folder + names[i], recurse, control, totals)) {
                 cancelled = true;
                 return;
             }
-            cache_.Store(UpperName(names[i]), totals);
-            ++measured_;
+            walk->cache->Store(UpperName(names[i]), totals);
+            ++walk->measured;
             DWORD last = lastNotice;
             const DWORD now = timeGetTime();
             if (now - last >= kRedrawInterval && lastNotice.compare_exchange_strong(last, now))
@@ -134,11 +148,10 @@ void FolderSizeWorker::Run(std::stop_token stop, std::wstring folder, bool recur
         }
     };
     {
-        std::jthread second(walk);  // joined before the result is told
-        walk();
+        std::jthread second(measure);  // joined before the result is told
+        measure();
     }
-    if (cancelled) return;
-    finished_ = true;
+    if (cancelled || stop.stop_requested()) return;
     PostMessageW(notify, message, 1, 0);
 }
 

@@ -4,51 +4,57 @@
 #include <windows.h>
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "features/folder_size_cache.h"
+#include "win/worker_thread_win.h"
 
 namespace tessel {
 
+// The system's own listing of a folder, for the walk: the basic information in large batches.
+class IDirectoryLister;
+IDirectoryLister& FileSystemLister();
+
 class FolderSizeWorker {
 public:
-    explicit FolderSizeWorker(FolderSizeCache& cache) : cache_(cache) {}
-    ~FolderSizeWorker() { Stop(); }
+    // `lister` reads the folders; it must outlive every walk, also one left behind.
+    explicit FolderSizeWorker(IDirectoryLister& lister = FileSystemLister()) : lister_(lister) {}
     FolderSizeWorker(const FolderSizeWorker&) = delete;
     FolderSizeWorker& operator=(const FolderSizeWorker&) = delete;
 
+    // The sizes found, read by the list's drawing.
+    FolderSizeCache& Cache() { return *cache_; }
     // Measures every sub-folder of `folder` (sub-folders within when `recurse`), or only the ones
     // named in `only`; a running walk is stopped first. `message` is posted to `notify` as sizes
     // arrive and when all are done (wParam 1 then).
     void Start(const std::wstring& folder, bool recurse, HWND notify, UINT message,
                std::vector<std::wstring> only = {});
-    // Cancels the walk and waits for its thread; the open listing is closed on the way out.
+    // Cancels the walk; the GUI thread waits at most a moment. A walk stuck in a slow file system
+    // is left to end on its own, writing into a cache no list reads any more.
     void Stop();
-    void SetPaused(bool paused) { paused_ = paused; }
-    bool Running() const { return thread_.joinable() && !finished_; }
-    int Measured() const { return measured_; }  // folders measured by the latest walk
+    void SetPaused(bool paused);
+    bool Running() const;
+    int Measured() const;  // folders measured by the latest walk
 
 private:
-    void Run(std::stop_token stop, std::wstring folder, bool recurse, HWND notify, UINT message,
-             std::vector<std::wstring> names);
+    struct Walk;
+    static void Run(std::stop_token stop, std::shared_ptr<Walk> walk, std::wstring folder, bool recurse, HWND notify,
+                    UINT message, std::vector<std::wstring> names);
 
-    FolderSizeCache& cache_;
-    std::atomic<bool> paused_{false};
-    std::atomic<bool> finished_{false};
-    std::atomic<int> measured_{0};
-    std::jthread thread_;
+    IDirectoryLister& lister_;
+    std::shared_ptr<FolderSizeCache> cache_ = std::make_shared<FolderSizeCache>();
+    std::shared_ptr<Walk> walk_;
+    bool paused_ = false;
+    win::WorkerThread thread_;  // last: stopped before the rest goes
 };
-
-// A folder's name as the cache keeps it.
-std::wstring UpperName(std::wstring name);
 
 // The "X-Size" settings of the program, read once at start.
 FolderSizeSettings& FolderSizeOptions();
 
-// The system's own listing of a folder, for the walk: the basic information in large batches.
-class IDirectoryLister;
-IDirectoryLister& FileSystemLister();
+// A folder's name as the cache keeps it.
+std::wstring UpperName(std::wstring name);
 
 }  // namespace tessel

@@ -123,27 +123,26 @@ bool ReadHead(const std::wstring& path, std::string& bytes) {
 }  // namespace
 
 PreviewWorker::PreviewWorker(HWND window, UINT message)
-    : window_(window), message_(message), thread_([this] { Work(); }) {}
-
-PreviewWorker::~PreviewWorker() {
-    slot_.Stop();
-    thread_.join();
+    : shared_(std::make_shared<Shared>(window, message)) {
+    thread_.Start([shared = shared_](std::stop_token) { Work(*shared); }, [shared = shared_] { shared->slot.Stop(); });
 }
 
-void PreviewWorker::Work() {
+PreviewWorker::~PreviewWorker() { thread_.Stop(); }  // a read stuck in a slow drive is left behind
+
+void PreviewWorker::Work(Shared& shared) {
     const HRESULT com = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     PreviewRequest request;
     uint64_t number = 0;
-    while (slot_.Take(request, number)) Serve(request, number);
+    while (shared.slot.Take(request, number)) Serve(shared, request, number);
     if (SUCCEEDED(com)) CoUninitialize();
 }
 
-void PreviewWorker::Post(std::unique_ptr<PreviewResult> result) {
-    if (!slot_.IsCurrent(result->number)) return;  // a newer request will answer
-    if (PostMessageW(window_, message_, 0, reinterpret_cast<LPARAM>(result.get()))) result.release();
+void PreviewWorker::Post(Shared& shared, std::unique_ptr<PreviewResult> result) {
+    if (!shared.slot.IsCurrent(result->number)) return;  // a newer request will answer
+    if (PostMessageW(shared.window, shared.message, 0, reinterpret_cast<LPARAM>(result.get()))) result.release();
 }
 
-void PreviewWorker::Serve(const PreviewRequest& request, uint64_t number) {
+void PreviewWorker::Serve(Shared& shared, const PreviewRequest& request, uint64_t number) {
     auto result = std::make_unique<PreviewResult>();
     result->number = number;
     result->name = request.name;
@@ -151,21 +150,21 @@ void PreviewWorker::Serve(const PreviewRequest& request, uint64_t number) {
     ReadFacts(request, *result);
     if (request.path.empty() || !result->found) {
         if (result->kind != PreviewKind::kFolder) result->kind = PreviewKind::kOther;
-        Post(std::move(result));
+        Post(shared, std::move(result));
         return;
     }
     switch (result->kind) {
     case PreviewKind::kFolder: {
-        StaleWalk walk(slot_, number);
+        StaleWalk walk(shared.slot, number);
         const std::wstring folder = request.path;
         if (!MeasureFolder(FileSystemLister(), folder, false, walk, result->inside)) return;
         auto counted = std::make_unique<PreviewResult>();
         counted->number = number;
-        Post(std::move(result));  // the folder's own entries at once; the depth follows
+        Post(shared, std::move(result));  // the folder's own entries at once; the depth follows
         if (!MeasureFolder(FileSystemLister(), folder, true, walk, counted->all)) return;
         counted->kind = PreviewKind::kFolder;
         counted->measured = true;
-        Post(std::move(counted));
+        Post(shared, std::move(counted));
         return;
     }
     case PreviewKind::kPicture: {
@@ -195,7 +194,7 @@ void PreviewWorker::Serve(const PreviewRequest& request, uint64_t number) {
         break;
     }
     }
-    Post(std::move(result));
+    Post(shared, std::move(result));
 }
 
 }  // namespace tessel

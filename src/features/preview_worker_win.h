@@ -7,12 +7,12 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <thread>
 
 #include "core/latest_request.h"
 #include "features/folder_walk.h"
 #include "features/preview_content.h"
 #include "win/handles_win.h"
+#include "win/worker_thread_win.h"
 
 namespace tessel {
 
@@ -54,17 +54,22 @@ public:
     PreviewWorker(const PreviewWorker&) = delete;
     PreviewWorker& operator=(const PreviewWorker&) = delete;
 
-    uint64_t Request(PreviewRequest request) { return slot_.Put(std::move(request)); }
+    uint64_t Request(PreviewRequest request) { return shared_->slot.Put(std::move(request)); }
 
 private:
-    void Work();
-    void Serve(const PreviewRequest& request, uint64_t number);
-    void Post(std::unique_ptr<PreviewResult> result);
+    // What the thread uses; a read left behind keeps it alive.
+    struct Shared {
+        Shared(HWND window, UINT message) : window(window), message(message) {}
+        HWND window;
+        UINT message;
+        LatestRequest<PreviewRequest> slot;
+    };
+    static void Work(Shared& shared);
+    static void Serve(Shared& shared, const PreviewRequest& request, uint64_t number);
+    static void Post(Shared& shared, std::unique_ptr<PreviewResult> result);
 
-    HWND window_;
-    UINT message_;
-    LatestRequest<PreviewRequest> slot_;
-    std::thread thread_;  // last: joined before the slot goes
+    std::shared_ptr<Shared> shared_;
+    win::WorkerThread thread_;  // last: stopped before the rest goes
 };
 
 }  // namespace tessel

@@ -18,42 +18,38 @@ bool HasSubFolder(const std::wstring& path, int limit) {
     return found;
 }
 
-SubFolderProbe::~SubFolderProbe() {
-    if (!thread_.joinable()) return;
-    thread_.request_stop();
-    wake_.notify_all();
-    thread_.join();
-}
-
 void SubFolderProbe::Ask(uint64_t ticket, LPARAM tag, std::wstring path) {
     {
-        std::lock_guard lock(mutex_);
-        questions_.push_back({ticket, tag, std::move(path)});
+        std::lock_guard lock(shared_->mutex);
+        shared_->questions.push_back({ticket, tag, std::move(path)});
     }
-    if (!thread_.joinable()) thread_ = std::jthread([this](std::stop_token stop) { Work(stop); });
-    wake_.notify_one();
+    if (!thread_.Running())
+        thread_.Start([shared = shared_](std::stop_token stop) { Work(stop, *shared); },
+                      [shared = shared_] { shared->wake.notify_all(); });
+    shared_->wake.notify_one();
 }
 
 void SubFolderProbe::Forget() {
-    std::lock_guard lock(mutex_);
-    questions_.clear();
+    std::lock_guard lock(shared_->mutex);
+    shared_->questions.clear();
 }
 
-void SubFolderProbe::Work(std::stop_token stop) {
+void SubFolderProbe::Work(std::stop_token stop, Shared& shared) {
     for (;;) {
         Question question;
         {
-            std::unique_lock lock(mutex_);
-            if (!wake_.wait(lock, stop, [this] { return !questions_.empty(); })) return;
-            question = std::move(questions_.front());
-            questions_.pop_front();
+            std::unique_lock lock(shared.mutex);
+            if (!shared.wake.wait(lock, stop, [&] { return !shared.questions.empty(); })) return;
+            question = std::move(shared.questions.front());
+            shared.questions.pop_front();
         }
         // Not a directory (an archive the shell browses into): it keeps its button.
         const DWORD kind = GetFileAttributesW(question.path.c_str());
         const bool directory = kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY);
         const bool children = !directory || HasSubFolder(question.path);
-        PostMessageW(answers_, kMsgSubFolderAnswer, static_cast<WPARAM>(question.ticket << 1 | (children ? 1 : 0)),
-                     question.tag);
+        if (stop.stop_requested()) return;
+        PostMessageW(shared.answers, kMsgSubFolderAnswer,
+                     static_cast<WPARAM>(question.ticket << 1 | (children ? 1 : 0)), question.tag);
     }
 }
 

@@ -10,7 +10,9 @@
 #include <mutex>
 #include <stop_token>
 #include <string>
-#include <thread>
+
+#include "win/worker_thread_win.h"
+#include <memory>
 
 namespace tessel {
 
@@ -19,8 +21,8 @@ inline constexpr UINT kMsgSubFolderAnswer = WM_APP + 0x150;
 
 class SubFolderProbe {
 public:
-    explicit SubFolderProbe(HWND answers) : answers_(answers) {}
-    ~SubFolderProbe();  // stops; a folder being read is finished first
+    explicit SubFolderProbe(HWND answers) : shared_(std::make_shared<Shared>(answers)) {}
+    ~SubFolderProbe() { thread_.Stop(); }  // a folder being read on a slow drive is left behind
     SubFolderProbe(const SubFolderProbe&) = delete;
     SubFolderProbe& operator=(const SubFolderProbe&) = delete;
 
@@ -36,13 +38,18 @@ private:
         LPARAM tag;
         std::wstring path;
     };
-    void Work(std::stop_token stop);
+    // What the thread uses; a read left behind keeps it alive.
+    struct Shared {
+        explicit Shared(HWND answers) : answers(answers) {}
+        HWND answers;
+        std::mutex mutex;
+        std::condition_variable_any wake;
+        std::deque<Question> questions;
+    };
+    static void Work(std::stop_token stop, Shared& shared);
 
-    HWND answers_;
-    std::mutex mutex_;
-    std::condition_variable_any wake_;
-    std::deque<Question> questions_;
-    std::jthread thread_;  // last: stopped and joined before the queue goes
+    std::shared_ptr<Shared> shared_;
+    win::WorkerThread thread_;  // last: stopped before the rest goes
 };
 
 // At most `limit` entries are read; a folder with more counts as having sub-folders.

@@ -45,7 +45,7 @@ std::wstring ThousandsSeparator() {
 
 void CMyShellBrowser::StartFolderSizes() {
     sizeWorker_.Stop();
-    sizeCache_.Clear();
+    sizeWorker_.Cache().Clear();
     sizesShown_.clear();
     sizesChanged_.clear();
     sizesAllChanged_ = false;
@@ -107,7 +107,7 @@ void CMyShellBrowser::OnFolderSizes() {
     for (int row = std::max(top, 0); row < count; ++row) {
         const std::wstring name = UpperNameOf(row);
         FolderTotals totals;
-        if (name.empty() || sizesShown_.count(name) || !sizeCache_.Find(name, totals)) continue;
+        if (name.empty() || sizesShown_.count(name) || !sizeWorker_.Cache().Find(name, totals)) continue;
         if (drawn == kSizeCellsPerPaint) {
             SetTimer(hwnd(), kTimerSizeCells, kSizeCellsPause, nullptr);
             return;
@@ -138,7 +138,7 @@ void CMyShellBrowser::AnswerSizeText(NMLVDISPINFOW* info) {
         item.cchTextMax <= 0)
         return;
     static const std::wstring separator = ThousandsSeparator();
-    const std::wstring size = sizeCache_.Text(UpperNameOf(item.iItem), FolderSizeOptions(), separator);
+    const std::wstring size = sizeWorker_.Cache().Text(UpperNameOf(item.iItem), FolderSizeOptions(), separator);
     if (!size.empty()) lstrcpynW(item.pszText, size.c_str(), item.cchTextMax);
 }
 

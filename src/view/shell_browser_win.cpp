@@ -188,10 +188,11 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
         OnTimer(wParam);
         return 0;
     case kMsgStatusReady:
-        OnStatusReady();
+        OnStatusReady(wParam);
         return 0;
     case kMsgSelectionBatch:
-        return statusWorker_.AnswerSelectionBatch(GetListControl(), view_.As<IFolderView>().get(), shownFolder_.get());
+        return statusWorker_.AnswerSelectionBatch(wParam, GetListControl(), view_.As<IFolderView>().get(),
+                                                  shownFolder_.get());
     case WM_SETFOCUS:
         if (viewWindow_) SetFocus(viewWindow_);
         return 0;
@@ -261,9 +262,10 @@ void CMyShellBrowser::DelayedReselect(win::UniquePidl item, UINT milliseconds) {
 
 std::wstring CMyShellBrowser::FolderPathForStatus() const { return win::FileSystemPathOf(shown_.get()); }
 
-void CMyShellBrowser::OnStatusReady() {
+void CMyShellBrowser::OnStatusReady(WPARAM job) {
+    StatusResult result;
+    if (!statusWorker_.TakeResult(job, result)) return;  // of a job left behind
     ++statusRuns_;
-    const StatusResult result = statusWorker_.TakeResult();
     const StatusWords words{GetText(IDS_STATUS_ITEMS), GetText(IDS_STATUS_SELECTED), GetText(IDS_STATUS_FOLDERS),
                             GetText(IDS_STATUS_FILES), GetText(108)};
     statusText_ = FormatStatusText(result.counts, Options().status_selection_type, Options().status_no_selection_type,

@@ -202,7 +202,7 @@ protected:
 
 private:
     void OnTimer(UINT_PTR id);
-    void OnStatusReady();
+    void OnStatusReady(WPARAM job);
     void OnShellChange(WPARAM wParam, LPARAM lParam);
     void RegisterChangeNotify();
     void TearDownView();
@@ -329,8 +329,7 @@ private:
     int selectionMark_ = -1;
     bool statusRequested_ = false;
     StatusWorker statusWorker_;
-    FolderSizeCache sizeCache_;
-    FolderSizeWorker sizeWorker_{sizeCache_};  // after the cache it writes to
+    FolderSizeWorker sizeWorker_;
     int sizeColumn_ = -1;
     std::set<std::wstring> sizesShown_;  // rows whose measured size was drawn
     std::set<std::wstring> sizesChanged_;  // listed folders to measure again

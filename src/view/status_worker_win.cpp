@@ -2,7 +2,9 @@
 
 #include <commctrl.h>
 
-#include "win/wait_win.h"
+#include <mutex>
+
+#include "win/handles_win.h"
 
 namespace tessel {
 namespace {
@@ -17,10 +19,6 @@ bool Ask(HWND list, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
     return true;
 }
 
-}  // namespace
-
-namespace {
-
 constexpr int kBatchSize = 5000;
 constexpr double kBatchTimeMs = 5;  // the GUI thread answers one batch at most this long
 
@@ -33,44 +31,66 @@ double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse fo
 
 }  // namespace
 
+// What a job shares with the GUI thread; a job left behind keeps it alive.
+struct StatusWorker::Job {
+    WPARAM number = 0;
+    struct Batch {
+        bool asked = false;
+        bool selectedOnly = false;
+        int after = -1;  // list index to continue after
+        int last = -1;   // the last row counted; -1 when the rows ended
+        int folders = 0, files = 0;
+        uint64_t bytes = 0;
+    };
+    std::mutex batchMutex;
+    Batch batch;
+    win::UniqueHandle answered{CreateEventW(nullptr, TRUE, FALSE, nullptr)};  // the GUI thread took a request
+    win::UniqueHandle stopped{CreateEventW(nullptr, TRUE, FALSE, nullptr)};   // the job is to stop
+    mutable std::mutex resultMutex;
+    StatusResult result;
+};
+
 // The rows are summed by the GUI thread batch by batch, one posted request each: the GUI
 // thread's loop comes round between them, so input waits at most one batch. The batch lives in
-// the worker object, so an answer that comes late or never costs nothing.
-bool StatusWorker::SumRows(HWND owner, std::stop_token stop, bool selectedOnly, ListCounts& counts) {
+// the job, so an answer that comes late or never costs nothing.
+bool StatusWorker::SumRows(std::stop_token stop, Job& job, HWND owner, bool selectedOnly, ListCounts& counts) {
     int after = -1;
-    HANDLE wake[2] = {answered_.get(), stopped_.get()};
+    HANDLE wake[2] = {job.answered.get(), job.stopped.get()};
     while (!stop.stop_requested()) {
         {
-            std::lock_guard lock(batchMutex_);
-            batch_ = Batch{true, selectedOnly, after};
+            std::lock_guard lock(job.batchMutex);
+            job.batch = Job::Batch{true, selectedOnly, after};
         }
-        ResetEvent(answered_.get());
-        if (!PostMessageW(owner, kMsgSelectionBatch, 0, 0)) return false;
+        ResetEvent(job.answered.get());
+        if (!PostMessageW(owner, kMsgSelectionBatch, job.number, 0)) return false;
         if (WaitForMultipleObjects(2, wake, FALSE, kSendTimeoutMs) != WAIT_OBJECT_0) return false;
-        std::lock_guard lock(batchMutex_);
-        if (batch_.asked) return false;  // not answered after all
-        counts.folders += batch_.folders;
-        counts.files += batch_.files;
-        counts.selectedBytes += batch_.bytes;
-        if (batch_.last < 0) return true;  // the end of the rows
-        after = batch_.last;
+        std::lock_guard lock(job.batchMutex);
+        if (job.batch.asked) return false;  // not answered after all
+        counts.folders += job.batch.folders;
+        counts.files += job.batch.files;
+        counts.selectedBytes += job.batch.bytes;
+        if (job.batch.last < 0) return true;  // the end of the rows
+        after = job.batch.last;
     }
     return false;
 }
 
-LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder) {
-    std::lock_guard lock(batchMutex_);
+LRESULT StatusWorker::AnswerSelectionBatch(WPARAM number, HWND list, IFolderView* view, IShellFolder* folder) {
+    if (!job_ || job_->number != number) return 0;  // a job left behind: it is not answered
+    Job& job = *job_;
+    std::lock_guard lock(job.batchMutex);
     struct Answered {  // the worker wakes however this ends
         HANDLE event;
         ~Answered() { SetEvent(event); }
-    } answered{answered_.get()};
-    if (!batch_.asked || !list || !view || !folder) return 0;
-    int index = batch_.after;
-    const UINT which = batch_.selectedOnly ? LVNI_SELECTED : LVNI_ALL;
+    } answered{job.answered.get()};
+    Job::Batch& batch = job.batch;
+    if (!batch.asked || !list || !view || !folder) return 0;
+    int index = batch.after;
+    const UINT which = batch.selectedOnly ? LVNI_SELECTED : LVNI_ALL;
     const double deadline = NowMs() + kBatchTimeMs;
     for (int n = 0; n < kBatchSize && (n % 64 != 0 || NowMs() < deadline); ++n) {
         index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), which));
-        batch_.last = index;
+        batch.last = index;
         if (index < 0) break;
         // The size travels in the item's identifier: no file-system access per row.
         PITEMID_CHILD child = nullptr;
@@ -78,54 +98,43 @@ LRESULT StatusWorker::AnswerSelectionBatch(HWND list, IFolderView* view, IShellF
         if (SUCCEEDED(view->Item(index, &child)) &&
             SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &data, sizeof(data)))) {
             if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-                ++batch_.folders;
+                ++batch.folders;
             } else {
-                ++batch_.files;
-                batch_.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+                ++batch.files;
+                batch.bytes += (uint64_t(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
             }
         }
         CoTaskMemFree(child);
     }
-    batch_.asked = false;
+    batch.asked = false;
     return 1;
 }
 
-StatusWorker::StatusWorker()
-    : answered_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
-      stopped_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
-      finished_(CreateEventW(nullptr, TRUE, TRUE, nullptr)) {}
-
-StatusWorker::~StatusWorker() { Stop(); }
-
-bool StatusWorker::Running() const { return WaitForSingleObject(finished_.get(), 0) == WAIT_TIMEOUT; }
-
 bool StatusWorker::Start(HWND list, std::wstring folderPath, HWND done, UINT doneMessage) {
     if (Running()) return false;
-    if (thread_.joinable()) thread_.join();  // finished: the join returns at once
-    ResetEvent(finished_.get());
-    ResetEvent(stopped_.get());
-    thread_ = std::jthread([this, list, path = std::move(folderPath), done, doneMessage](std::stop_token stop) {
-        Work(stop, list, path, done, doneMessage);
-    });
+    job_ = std::make_shared<Job>();
+    job_->number = ++jobs_;
+    std::shared_ptr<Job> job = job_;
+    thread_.Start(
+        [job, list, path = std::move(folderPath), done, doneMessage](std::stop_token stop) {
+            Work(stop, job, list, path, done, doneMessage);
+        },
+        // An event of the job's own wakes a worker waiting for an answer.
+        [job] { SetEvent(job->stopped.get()); });
     return true;
 }
 
-void StatusWorker::Stop() {
-    if (!thread_.joinable()) return;
-    thread_.request_stop();
-    // An event of our own wakes a worker waiting for an answer: a stop callback would have to be
-    // deregistered by the worker, and that wait can miss its wake-up with this runtime and hang.
-    SetEvent(stopped_.get());
-    win::WaitServingSentMessages(finished_.get());  // the worker may be asking the list something
-    thread_.join();
+void StatusWorker::Stop() { thread_.Stop(); }
+
+bool StatusWorker::TakeResult(WPARAM number, StatusResult& result) const {
+    if (!job_ || job_->number != number) return false;
+    std::lock_guard lock(job_->resultMutex);
+    result = job_->result;
+    return true;
 }
 
-StatusResult StatusWorker::TakeResult() {
-    std::lock_guard lock(mutex_);
-    return result_;
-}
-
-void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath, HWND done, UINT doneMessage) {
+void StatusWorker::Work(std::stop_token stop, std::shared_ptr<Job> job, HWND list, std::wstring folderPath, HWND done,
+                        UINT doneMessage) {
     StatusResult result;
     ListCounts& counts = result.counts;
     LRESULT value = 0;
@@ -135,7 +144,7 @@ void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath
         // With part of the list selected only the selection's size is shown; otherwise every row
         // counts, and folders and files are told apart.
         const bool partial = counts.selected > 0 && counts.selected < counts.items;
-        counts.sizesKnown = SumRows(done, stop, partial, counts);
+        counts.sizesKnown = SumRows(stop, *job, done, partial, counts);
         if (!partial) counts.totalBytes = counts.selectedBytes;
         ULARGE_INTEGER freeBytes{}, totalBytes{};
         if (!stop.stop_requested() && GetDiskFreeSpaceExW(folderPath.c_str(), &freeBytes, &totalBytes, nullptr)) {
@@ -145,11 +154,10 @@ void StatusWorker::Work(std::stop_token stop, HWND list, std::wstring folderPath
         }
     }
     {
-        std::lock_guard lock(mutex_);
-        result_ = result;
+        std::lock_guard lock(job->resultMutex);
+        job->result = result;
     }
-    if (!stop.stop_requested()) PostMessageW(done, doneMessage, 0, 0);
-    SetEvent(finished_.get());
+    if (!stop.stop_requested()) PostMessageW(done, doneMessage, job->number, 0);
 }
 
 }  // namespace tessel

@@ -6,13 +6,11 @@
 #include <windows.h>
 #include <shlobj.h>
 
-#include <mutex>
-#include <stop_token>
+#include <memory>
 #include <string>
-#include <thread>
 
 #include "view/status_text.h"
-#include "win/handles_win.h"
+#include "win/worker_thread_win.h"
 
 namespace tessel {
 
@@ -26,46 +24,38 @@ struct StatusResult {
 // The worker asks the GUI thread for the sizes of rows in batches: one posted message per batch
 // instead of several per row, no batch holds the GUI thread for more than a few ms, and input is
 // served between batches. The sizes travel in the rows' item identifiers: no disk is read.
+// wParam is the job's number, as it is in the done message.
 inline constexpr UINT kMsgSelectionBatch = WM_APP + 0x121;
 
 class StatusWorker {
 public:
-    StatusWorker();
-    ~StatusWorker();  // stops and joins; sent messages are served meanwhile, so the join cannot deadlock
+    StatusWorker() = default;
     StatusWorker(const StatusWorker&) = delete;
     StatusWorker& operator=(const StatusWorker&) = delete;
 
-    bool Running() const;
-    // Starts a job unless one runs; `done` gets message `doneMessage` when the result is ready.
-    // `done` also answers kMsgSelectionBatch by calling AnswerSelectionBatch.
+    bool Running() const { return thread_.Running(); }
+    // Starts a job unless one runs; `done` gets message `doneMessage` with the job's number in
+    // wParam when the result is ready. `done` also answers kMsgSelectionBatch by calling
+    // AnswerSelectionBatch.
     bool Start(HWND list, std::wstring folderPath, HWND done, UINT doneMessage);
+    // The GUI thread waits at most a moment: a job stuck asking a slow drive is left behind,
+    // and what it posts later is dropped.
     void Stop();
-    StatusResult TakeResult();
-    // On the GUI thread: sums the sizes of the next rows the worker asked for.
-    LRESULT AnswerSelectionBatch(HWND list, IFolderView* view, IShellFolder* folder);
+    // The result of job `number`; false when that is not the latest job.
+    bool TakeResult(WPARAM number, StatusResult& result) const;
+    // On the GUI thread: sums the sizes of the next rows job `number` asked for.
+    LRESULT AnswerSelectionBatch(WPARAM number, HWND list, IFolderView* view, IShellFolder* folder);
 
 private:
-    void Work(std::stop_token stop, HWND list, std::wstring folderPath, HWND done, UINT doneMessage);
+    struct Job;
+    static void Work(std::stop_token stop, std::shared_ptr<Job> job, HWND list, std::wstring folderPath, HWND done,
+                     UINT doneMessage);
     // Sums the selected rows, or all of them; false when stopped or left unanswered.
-    bool SumRows(HWND owner, std::stop_token stop, bool selectedOnly, ListCounts& counts);
+    static bool SumRows(std::stop_token stop, Job& job, HWND owner, bool selectedOnly, ListCounts& counts);
 
-    struct Batch {
-        bool asked = false;
-        bool selectedOnly = false;
-        int after = -1;  // list index to continue after
-        int last = -1;   // the last row counted; -1 when the rows ended
-        int folders = 0, files = 0;
-        uint64_t bytes = 0;
-    };
-    std::mutex batchMutex_;
-    Batch batch_;
-    win::UniqueHandle answered_;  // set by the GUI thread when it took a batch request
-    win::UniqueHandle stopped_;   // set when the running job is asked to stop
-
-    mutable std::mutex mutex_;
-    StatusResult result_;
-    win::UniqueHandle finished_;  // set by the worker as its last act
-    std::jthread thread_;
+    std::shared_ptr<Job> job_;
+    WPARAM jobs_ = 0;
+    win::WorkerThread thread_;  // last: stopped before the rest goes
 };
 
 }  // namespace tessel

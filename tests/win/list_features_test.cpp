@@ -10,6 +10,7 @@
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
+#include "features/folder_walk.h"
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "features/rule_index.h"
@@ -267,29 +268,60 @@ TEST(FolderSizes, TheWorkerMeasuresEverySubFolderAndStops) {
         CreateDirectoryW((files / (name + L"\\inner")).c_str(), nullptr);
         WriteBytes(files / (name + L"\\inner\\f"), std::string(static_cast<size_t>(i) + 1, 'x'));
     }
-    FolderSizeCache cache;
-    {
-        FolderSizeWorker worker(cache);
-        worker.Start(files.path(), true, nullptr, 0);
-        ASSERT_TRUE(PumpUntil([&] { return !worker.Running(); }));
-    }
+    FolderSizeWorker worker;
+    worker.Start(files.path(), true, nullptr, 0);
+    ASSERT_TRUE(PumpUntil([&] { return !worker.Running(); }));
     for (int i = 0; i < 40; ++i) {
         FolderTotals totals;
-        ASSERT_TRUE(cache.Find(L"D" + std::to_wstring(i), totals)) << i;
+        ASSERT_TRUE(worker.Cache().Find(L"D" + std::to_wstring(i), totals)) << i;
         EXPECT_EQ(totals.bytes, static_cast<uint64_t>(i) + 1) << i;
         EXPECT_EQ(totals.files, 1u) << i;
         EXPECT_EQ(totals.folders, 1u) << i;
     }
 
-    FolderSizeCache stopped;
-    FolderSizeWorker worker(stopped);
-    worker.SetPaused(true);  // held inside the walk until stopped
-    worker.Start(files.path(), true, nullptr, 0);
+    FolderSizeWorker paused;
+    paused.SetPaused(true);  // held inside the walk until stopped
+    paused.Start(files.path(), true, nullptr, 0);
     Pump(50);
-    worker.Stop();
-    EXPECT_FALSE(worker.Running());
+    paused.Stop();
+    EXPECT_FALSE(paused.Running());
     FolderTotals totals;
-    EXPECT_FALSE(stopped.Find(L"D0", totals)) << "no walk went on while paused";
+    EXPECT_FALSE(paused.Cache().Find(L"D0", totals)) << "no walk went on while paused";
+}
+
+// A folder that takes long to read (a dropped network drive): the first look into it waits
+// until the test lets it go.
+class StuckLister final : public IDirectoryLister {
+public:
+    std::unique_ptr<IDirectoryListing> Open(const std::wstring&) override {
+        SetEvent(entered.get());
+        WaitForSingleObject(release.get(), 10000);
+        SetEvent(left.get());
+        return nullptr;
+    }
+    win::UniqueHandle entered{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    win::UniqueHandle release{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    win::UniqueHandle left{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+};
+
+TEST(FolderSizes, AStuckWalkIsLeftBehindWithoutHoldingTheWindow) {
+    StuckLister lister;
+    {
+        FolderSizeWorker worker(lister);
+        worker.Cache().Store(L"OLD", FolderTotals{});
+        worker.Start(L"Z:\\stuck", true, nullptr, 0);
+        ASSERT_EQ(WaitForSingleObject(lister.entered.get(), 5000), WAIT_OBJECT_0);
+        const int before = win::WorkerThread::LeftBehind();
+        const DWORD start = GetTickCount();
+        worker.Stop();
+        EXPECT_LT(GetTickCount() - start, 1000u) << "the limit is 100 ms; the tick is coarse";
+        EXPECT_EQ(win::WorkerThread::LeftBehind(), before + 1);
+        FolderTotals totals;
+        EXPECT_FALSE(worker.Cache().Find(L"OLD", totals)) << "a fresh cache: the stuck walk writes elsewhere";
+        EXPECT_FALSE(worker.Running());
+    }
+    SetEvent(lister.release.get());  // the walk left behind ends on its own
+    EXPECT_EQ(WaitForSingleObject(lister.left.get(), 5000), WAIT_OBJECT_0);
 }
 
 }  // namespace
