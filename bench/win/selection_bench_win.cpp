@@ -203,13 +203,16 @@ int wmain(int argc, wchar_t** argv) {
         bare.Navigate(folder.get());
         Drain();
         HWND bareList = ListOf(bare.hwnd());
-        BenchSelectionChange(browser, bareList, "select all", "status-100000-ms", "select-all-100000-ui-max-block-ms",
-                             false, [](HWND list) { SelectAll(list, true); });
-        BenchSelectionChange(browser, bareList, "a click clearing a selection", "clear-selection-100000-ms", nullptr,
-                             true, [](HWND list) { ClickRow(list, 1); });
-        BenchFilterClear(panel, browser, empty.get(), folder.get());
-        BenchBackRestore(browser, empty.get(), root);
-        BenchWorkerStop();
+        const std::wstring only = argc > 2 ? argv[2] : L"";  // "back" or "stop": that part alone
+        if (only.empty()) {
+            BenchSelectionChange(browser, bareList, "select all", "status-100000-ms", "select-all-100000-ui-max-block-ms",
+                                 false, [](HWND list) { SelectAll(list, true); });
+            BenchSelectionChange(browser, bareList, "a click clearing a selection", "clear-selection-100000-ms",
+                                 nullptr, true, [](HWND list) { ClickRow(list, 1); });
+            BenchFilterClear(panel, browser, empty.get(), folder.get());
+        }
+        if (only.empty() || only == L"back") BenchBackRestore(browser, empty.get(), root);
+        if (only.empty() || only == L"stop") BenchWorkerStop();
     }
     DestroyWindow(frame);
     DestroySettings();

@@ -2,7 +2,10 @@
 
 #include <shellapi.h>
 
+#include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "core/general_options.h"
 #include "features/program_colours_win.h"
@@ -202,37 +205,114 @@ void CShellTree2::TakeAnswer(WPARAM answer, LPARAM tag) {
     TreeView_SetItem(tree_, &none);
 }
 
-void CShellTree2::Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder) {
-    if (TreeView_GetChild(tree_, item)) return;  // read already
+// The sub-folders of the item's folder (and what else the shell can browse into, as the options
+// say), each with what the file system said of it when that travels in its identifier.
+void CShellTree2::ForEachChild(HTREEITEM item, IShellFolder* folder,
+                               const std::function<void(win::UniquePidl, const WIN32_FIND_DATAW*)>& take) const {
     PCIDLIST_ABSOLUTE parent = FolderOf(tree_, item);
-    if (!folder) folder = win::BindFolder(parent);
     win::ComPtr<IEnumIDList> children;
     const SHCONTF flags = SHCONTF_FOLDERS | (listing_.browsableItems ? SHCONTF_NONFOLDERS : 0) |
                           (listing_.hidden ? SHCONTF_INCLUDEHIDDEN : 0);
-    int added = 0;
-    if (folder && folder->EnumObjects(tree_, flags, children.put()) == S_OK && children) {
-        PITEMID_CHILD child = nullptr;
-        while (children->Next(1, &child, nullptr) == S_OK) {
-            // What the file system says travels in the item's identifier: read without a disk access.
-            WIN32_FIND_DATAW found{};
-            const bool known = SUCCEEDED(SHGetDataFromIDListW(folder.get(), child, SHGDFIL_FINDDATA, &found, sizeof(found)));
-            const bool directory = known && (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
-            // Of the other items only those the shell can browse into (archives and the like).
-            SFGAOF attributes = SFGAO_FOLDER | SFGAO_BROWSABLE;
-            PCUITEMID_CHILD one = child;
-            const bool browsable = !listing_.browsableItems || directory ||
-                                   (SUCCEEDED(folder->GetAttributesOf(1, &one, &attributes)) &&
-                                    (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)));
-            if (browsable)
-                if (win::UniquePidl full{ILCombine(parent, child)})
-                    added += Add(item, std::move(full), folder.get(), known ? &found : nullptr) != nullptr;
-            CoTaskMemFree(child);
-        }
+    if (!folder || folder->EnumObjects(tree_, flags, children.put()) != S_OK || !children) return;
+    PITEMID_CHILD child = nullptr;
+    while (children->Next(1, &child, nullptr) == S_OK) {
+        // What the file system says travels in the item's identifier: read without a disk access.
+        WIN32_FIND_DATAW found{};
+        const bool known = SUCCEEDED(SHGetDataFromIDListW(folder, child, SHGDFIL_FINDDATA, &found, sizeof(found)));
+        const bool directory = known && (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+        // Of the other items only those the shell can browse into (archives and the like).
+        SFGAOF attributes = SFGAO_FOLDER | SFGAO_BROWSABLE;
+        PCUITEMID_CHILD one = child;
+        const bool browsable = !listing_.browsableItems || directory ||
+                               (SUCCEEDED(folder->GetAttributesOf(1, &one, &attributes)) &&
+                                (attributes & (SFGAO_FOLDER | SFGAO_BROWSABLE)));
+        if (browsable)
+            if (win::UniquePidl full{ILCombine(parent, child)}) take(std::move(full), known ? &found : nullptr);
+        CoTaskMemFree(child);
     }
+}
+
+void CShellTree2::Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder) {
+    if (TreeView_GetChild(tree_, item)) return;  // read already
+    if (!folder) folder = win::BindFolder(FolderOf(tree_, item));
+    int added = 0;
+    ForEachChild(item, folder.get(), [&](win::UniquePidl full, const WIN32_FIND_DATAW* found) {
+        added += Add(item, std::move(full), folder.get(), found) != nullptr;
+    });
     if (added == 0) {  // a folder that cannot be read shows no button
         TVITEMW none{TVIF_CHILDREN, item};
         TreeView_SetItem(tree_, &none);
     }
+}
+
+namespace {
+
+// What tells two children of one folder apart across two readings: the file name where the file
+// system gave one (the rest of the identifier changes with the folder's time), else the bytes.
+std::wstring ChildKey(PCIDLIST_ABSOLUTE full, const WIN32_FIND_DATAW* found) {
+    if (found && found->cFileName[0]) {
+        std::wstring name = found->cFileName;
+        CharUpperBuffW(name.data(), static_cast<DWORD>(name.size()));
+        return L"N" + name;
+    }
+    PCUITEMID_CHILD last = ILFindLastID(full);
+    return L"B" + std::wstring(reinterpret_cast<const wchar_t*>(last), (last->mkid.cb + 1) / 2);
+}
+
+}  // namespace
+
+void CShellTree2::AskChildrenAgain(HTREEITEM item) {
+    TVITEMW ask{TVIF_CHILDREN, item};
+    ask.cChildren = I_CHILDRENCALLBACK;
+    TreeView_SetItem(tree_, &ask);
+}
+
+// The item's level as the folder holds it now: new children are added at the end, gone ones
+// removed, the others (and what is open below them) stay.
+void CShellTree2::RereadLevel(HTREEITEM item) {
+    if (!TreeView_GetChild(tree_, item)) return AskChildrenAgain(item);
+    win::ComPtr<IShellFolder> folder = win::BindFolder(FolderOf(tree_, item));
+    if (!folder) return;
+    std::map<std::wstring, std::pair<win::UniquePidl, std::optional<WIN32_FIND_DATAW>>> now;
+    ForEachChild(item, folder.get(), [&](win::UniquePidl full, const WIN32_FIND_DATAW* found) {
+        std::wstring key = ChildKey(full.get(), found);
+        now.emplace(std::move(key), std::make_pair(std::move(full), found ? std::optional(*found) : std::nullopt));
+    });
+    RedrawHold hold(tree_);
+    for (HTREEITEM child = TreeView_GetChild(tree_, item); child;) {
+        HTREEITEM next = TreeView_GetNextSibling(tree_, child);
+        const ItemData* data = DataOf(tree_, child);
+        WIN32_FIND_DATAW found{};
+        PCUITEMID_CHILD last = data ? ILFindLastID(data->folder.get()) : nullptr;
+        const bool known = last && SUCCEEDED(SHGetDataFromIDListW(folder.get(), last, SHGDFIL_FINDDATA, &found,
+                                                                  sizeof(found)));
+        const auto kept = data ? now.find(ChildKey(data->folder.get(), known ? &found : nullptr)) : now.end();
+        if (kept == now.end()) {
+            TreeView_DeleteItem(tree_, child);
+        } else {
+            now.erase(kept);
+            if (!TreeView_GetChild(tree_, child)) AskChildrenAgain(child);
+        }
+        child = next;
+    }
+    for (auto& [key, entry] : now) Add(item, std::move(entry.first), folder.get(), entry.second ? &*entry.second : nullptr);
+}
+
+void CShellTree2::Refresh() {
+    if (!tree_ || !TreeView_GetRoot(tree_)) return;
+    std::vector<HTREEITEM> levels{TreeView_GetRoot(tree_)};
+    while (!levels.empty()) {
+        HTREEITEM item = levels.back();
+        levels.pop_back();
+        RereadLevel(item);
+        for (HTREEITEM child = TreeView_GetChild(tree_, item); child; child = TreeView_GetNextSibling(tree_, child))
+            if (TreeView_GetChild(tree_, child)) levels.push_back(child);
+    }
+}
+
+void CShellTree2::Reread(PCIDLIST_ABSOLUTE folder) {
+    if (!tree_ || !folder) return;
+    if (HTREEITEM item = WalkTo(folder, false)) RereadLevel(item);
 }
 
 // The child of `item` that is `folder`, compared byte for byte first: a parsed list may carry
@@ -248,9 +328,9 @@ HTREEITEM CShellTree2::ChildFor(HTREEITEM item, PCIDLIST_ABSOLUTE folder) const 
 // Each level is bound from the one above (binding a deep folder from the desktop costs a bind
 // per level) and opened by its state: an expand message makes the tree size and scroll itself
 // at every level, 20-40 ms each under Wine.
-HTREEITEM CShellTree2::WalkTo(PCIDLIST_ABSOLUTE folder) {
+HTREEITEM CShellTree2::WalkTo(PCIDLIST_ABSOLUTE folder, bool readLevels) {
     RedrawHold hold(tree_);
-    EnsureFilled();
+    if (readLevels) EnsureFilled();
     HTREEITEM item = TreeView_GetRoot(tree_);
     win::ComPtr<IShellFolder> bound = win::DesktopFolder();
     UINT depth = 0;
@@ -259,9 +339,9 @@ HTREEITEM CShellTree2::WalkTo(PCIDLIST_ABSOLUTE folder) {
     for (UINT level = 1; item && level <= depth; ++level) {
         win::UniquePidl prefix = win::ClonePidl(folder);
         for (UINT cut = depth; cut > level; --cut) ILRemoveLastID(prefix.get());
-        Expand(item, bound);
+        if (readLevels) Expand(item, bound);
         HTREEITEM found = ChildFor(item, prefix.get());
-        if (found) {
+        if (found && readLevels) {
             ShowOpen(item);
             win::ComPtr<IShellFolder> next;
             if (bound && level < depth &&

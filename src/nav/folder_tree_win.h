@@ -38,6 +38,11 @@ public:
     // Walks down from the desktop to the folder, opening levels as needed, and selects it
     // without navigating; false when the folder is not in the tree.
     bool SyncTo(PCIDLIST_ABSOLUTE folder);
+    // The levels read so far read again (F5): folders made since appear, gone ones go, and items
+    // whose sub-folders were never read ask again whether they have any.
+    void Refresh();
+    // The same for the level of `folder`, when the tree has read it (a change there).
+    void Reread(PCIDLIST_ABSOLUTE folder);
     // WM_NOTIFY from the tree; true when it was the tree's, with the answer in `result`.
     bool OnNotify(NMHDR* header, LRESULT& result);
     // The colour rules' colours of a folder (CLR_NONE keeps the tree's own); false: none.
@@ -61,7 +66,12 @@ private:
     // Reads the item's level once; `folder` is the item's folder when already bound.
     void Expand(HTREEITEM item, win::ComPtr<IShellFolder> folder = {});
     void ShowOpen(HTREEITEM item);
-    HTREEITEM WalkTo(PCIDLIST_ABSOLUTE folder);  // opens the levels down to the folder's item
+    // The folder's item; `readLevels` opens the levels down to it, else only read ones count.
+    HTREEITEM WalkTo(PCIDLIST_ABSOLUTE folder, bool readLevels = true);
+    void ForEachChild(HTREEITEM item, IShellFolder* folder,
+                      const std::function<void(win::UniquePidl, const WIN32_FIND_DATAW*)>& take) const;
+    void RereadLevel(HTREEITEM item);
+    void AskChildrenAgain(HTREEITEM item);  // the expand button is asked for again
     // Drawing and layout held off from its making to its end.
     class RedrawHold {
     public:

@@ -12,6 +12,7 @@
 #include "view/click_sound_win.h"
 #include "view/location_text.h"
 #include "view/shell_browser_win.h"
+#include "win/clock_win.h"
 #include "win/shell_item_win.h"
 #include "win/subclass_win.h"
 
@@ -75,6 +76,7 @@ void CMyShellBrowser::SelectAfterUp(PCIDLIST_ABSOLUTE child) {
 HRESULT CMyShellBrowser::RefreshView() {
     if (navigating_) return E_PENDING;  // the navigation running makes a fresh view anyway
     if (LeaveIfGone()) return S_OK;
+    owner_.BrowserRefreshed(*this);
     ListAgain();
     suppressClick_ = true;
     const ListSort sort = SortToKeep();
@@ -216,7 +218,9 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     const ListSort sort = shown_ && win::SamePidl(target_.get(), shown_.get()) ? SortToKeep() : ListSort{};
     if (folder) {
         RecordOutgoingState();
+        listing_.Begin(win::NowMs());
         ok = SwapInView(folder, NextFolderSettings(), counted);
+        listing_.End();
     }
     if (ok) {
         sort_ = ListSort{};

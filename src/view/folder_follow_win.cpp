@@ -86,6 +86,7 @@ void CMyShellBrowser::FollowDisk() {
     diskStale_ = false;
     if (LeaveIfGone()) return;
     RefreshKeepingPlace();
+    owner_.BrowserFolderChanged(*this);
     ++diskFollows_;
     ++burstFollows_;
 }

@@ -6,14 +6,25 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include "core/fill_in.h"
 #include "core/general_options.h"
+#include "core/language_packs_win.h"
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "features/view_filter.h"
 #include "view/shell_browser_win.h"
+#include "res/resource.h"
+#include "win/clock_win.h"
+#include "win/shell_item_win.h"
 #include "win/subclass_win.h"
 
 namespace tessel {
+
+void CMyShellBrowser::ShowListingProgress() {
+    const std::wstring name = win::LocationNameOf(target_ ? target_.get() : shown_.get());
+    owner_.BrowserProgress(*this, FillIn(GetText(IDS_READING_FOLDER), {name, std::to_wstring(listing_.Items())}));
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+}
 
 IShellFolder* CMyShellBrowser::ListedFolder() const {
     return targetFolder_ ? targetFolder_.get() : shownFolder_.get();  // the first while a view is made
@@ -21,6 +32,7 @@ IShellFolder* CMyShellBrowser::ListedFolder() const {
 
 // The view asks for every item while it lists the folder; S_FALSE leaves the item out.
 STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD item) {
+    if (listing_.Step(&win::NowMs)) ShowListingProgress();
     const ViewFilter* filter = owner_.Filter();
     IShellFolder* folder = ListedFolder();
     if (!filter || !filter->Acts() || !folder || !item) return S_OK;

@@ -17,6 +17,7 @@
 #include "view/column_store.h"
 #include "view/dir_watch_win.h"
 #include "view/file_clipboard_win.h"
+#include "view/listing_progress.h"
 #include "view/navigation_history.h"
 #include "view/shell_change.h"
 #include "view/status_worker_win.h"
@@ -54,6 +55,12 @@ public:
     virtual void HistoryChanged(CMyShellBrowser& browser) {}
     // The selection or the focused item of its list changed.
     virtual void SelectionChanged(CMyShellBrowser& browser) {}
+    // F5 listed the folder again: the tree reads its levels again too.
+    virtual void BrowserRefreshed(CMyShellBrowser& browser) {}
+    // Other programs changed the folder shown, and the view listed it again.
+    virtual void BrowserFolderChanged(CMyShellBrowser& browser) {}
+    // A folder takes long to list: `text` says so, drawn at once (the GUI thread is busy).
+    virtual void BrowserProgress(CMyShellBrowser& browser, const std::wstring& text) {}
     // The folder of a tab being dragged anywhere in the program; null when no tab is dragged.
     virtual PCIDLIST_ABSOLUTE DraggedTabFolder() const { return nullptr; }
 };
@@ -169,6 +176,7 @@ public:
     int FoldersMeasured() const { return sizeWorker_.Measured(); }  // by the latest walk
     int DiskFollows() const { return diskFollows_; }  // how often outside changes were listed
     int StatusRuns() const { return statusRuns_; }    // how often the status was worked out
+    ListingProgress& Listing() { return listing_; }  // the tests ask for signs of work sooner
     // The view and list colours after the colour rules or the T-View in use changed.
     void SetInUseColours(bool inUse);
     // Its tab was closed: the view, its watchers, workers and timers end, and the folder and
@@ -301,6 +309,8 @@ private:
     void ApplySort(const ListSort& want);
 
     std::wstring statusText_;
+    ListingProgress listing_;
+    void ShowListingProgress();
     std::wstring notice_;  // said before the counts until the next navigation or selection
     bool LeaveIfGone();
     std::wstring freeSpaceText_;

@@ -4,6 +4,7 @@
 
 #include <mutex>
 
+#include "win/clock_win.h"
 #include "win/handles_win.h"
 
 namespace tessel {
@@ -21,13 +22,6 @@ bool Ask(HWND list, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 
 constexpr int kBatchSize = 5000;
 constexpr double kBatchTimeMs = 5;  // the GUI thread answers one batch at most this long
-
-double NowMs() {  // the tick count moves in steps of up to 16 ms: too coarse for the limit
-    LARGE_INTEGER frequency, counter;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&counter);
-    return counter.QuadPart * 1000.0 / frequency.QuadPart;
-}
 
 }  // namespace
 
@@ -87,8 +81,8 @@ LRESULT StatusWorker::AnswerSelectionBatch(WPARAM number, HWND list, IFolderView
     if (!batch.asked || !list || !view || !folder) return 0;
     int index = batch.after;
     const UINT which = batch.selectedOnly ? LVNI_SELECTED : LVNI_ALL;
-    const double deadline = NowMs() + kBatchTimeMs;
-    for (int n = 0; n < kBatchSize && (n % 64 != 0 || NowMs() < deadline); ++n) {
+    const double deadline = win::NowMs() + kBatchTimeMs;
+    for (int n = 0; n < kBatchSize && (n % 64 != 0 || win::NowMs() < deadline); ++n) {
         index = static_cast<int>(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(index), which));
         batch.last = index;
         if (index < 0) break;

@@ -1,6 +1,6 @@
 // The quick-links and programs menus of a T-View: built from their lists each time they open
 // (the quick-links also list the shortcuts of the Quick-Link folder), drawn with each target's
-// icon, and carried out by the view in use.
+// icon (found once, off the GUI thread), and carried out by the view in use.
 #include <windows.h>
 #include <shellapi.h>
 #include <shlobj.h>
@@ -13,6 +13,7 @@
 #include "nav/quick_links.h"
 #include "res/resource.h"
 #include "view/command_placeholders_win.h"
+#include "view/menu_icons_win.h"
 #include "view/view_panel_win.h"
 #include "win/shell_item_win.h"
 
@@ -38,27 +39,6 @@ void AddQuickLinkFolder(std::vector<QuickLinkEntry>& entries) {
     FindClose(find);
 }
 
-// The icon of what an entry starts or opens; a generic program icon when the system knows none.
-HICON IconOfTarget(const std::wstring& target) {
-    std::wstring text = target;
-    ExpandSystemPathVariables(text);
-    const CommandParts parts = SplitCommand(text, [](const std::wstring& path) {
-        return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-    });
-    std::wstring program = parts.program;
-    wchar_t found[MAX_PATH] = {};
-    if (GetFileAttributesW(program.c_str()) == INVALID_FILE_ATTRIBUTES &&
-        SearchPathW(nullptr, program.c_str(), L".exe", MAX_PATH, found, nullptr))
-        program = found;  // "notepad.exe" as the shell would find it
-    SHFILEINFOW info{};
-    if (SHGetFileInfoW(program.c_str(), 0, &info, sizeof(info), SHGFI_ICON | SHGFI_SMALLICON) && info.hIcon)
-        return info.hIcon;
-    if (SHGetFileInfoW(program.c_str(), FILE_ATTRIBUTE_NORMAL, &info, sizeof(info),
-                       SHGFI_ICON | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES) && info.hIcon)
-        return info.hIcon;
-    return nullptr;
-}
-
 }  // namespace
 
 void CPloder::RefreshUserMenuButtons() {
@@ -72,12 +52,9 @@ void CPloder::ShowUserMenu(UINT command, POINT screenPoint) {
     if (QuickLinksDisabled(Settings(), section)) return;
     menuEntries_ = ReadQuickLinks(Settings(), section);
     if (command == ID_QUICK_LINKS_MENU) AddQuickLinkFolder(menuEntries_);
-    menuIcons_.clear();
     win::UniqueMenu menu(CreatePopupMenu());
-    for (size_t i = 0; i < menuEntries_.size(); ++i) {
-        menuIcons_.emplace_back(IconOfTarget(menuEntries_[i].target));
+    for (size_t i = 0; i < menuEntries_.size(); ++i)
         AppendMenuW(menu.get(), MF_OWNERDRAW, kQuickLinkFirstCommand + i, reinterpret_cast<LPCWSTR>(i));
-    }
     if (menuEntries_.empty()) AppendMenuW(menu.get(), MF_STRING | MF_GRAYED, 0, GetText(62081).c_str());
     const UINT chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, 0,
                                        hwnd(), nullptr);
@@ -89,7 +66,6 @@ void CPloder::RunUserMenuCommand(UINT command) {
     if (command < kQuickLinkFirstCommand || index >= menuEntries_.size() || !active_) return;
     const std::wstring target = menuEntries_[index].target;
     menuEntries_.clear();
-    menuIcons_.clear();
     if (!active_->RunUserCommand(target))
         MessageBoxW(hwnd(), (GetText(62117) + L"\n" + target).c_str(), GetText(60000).c_str(), MB_ICONWARNING);
 }
@@ -121,14 +97,26 @@ bool CPloder::DrawUserMenuItem(DRAWITEMSTRUCT* item) {
     const int icon = GetSystemMetrics(SM_CXSMICON);
     const int gap = win::Scaled(hwnd(), 4);
     RECT box = item->rcItem;
-    if (index < menuIcons_.size() && menuIcons_[index])
-        DrawIconEx(item->hDC, box.left + gap, box.top + (box.bottom - box.top - icon) / 2, menuIcons_[index].get(), icon,
-                   icon, 0, nullptr, DI_NORMAL);
+    // The target's icon once found, a program's placeholder meanwhile.
+    if (!menuIcons_) menuIcons_ = std::make_unique<MenuIcons>(hwnd(), kMsgMenuIconsFound);
+    HICON shown = menuIcons_->Find(menuEntries_[index].target);
+    DrawIconEx(item->hDC, box.left + gap, box.top + (box.bottom - box.top - icon) / 2,
+               shown ? shown : LoadIconW(nullptr, IDI_APPLICATION), icon, icon, 0, nullptr, DI_NORMAL);
     box.left += icon + 2 * gap;
     SetBkMode(item->hDC, TRANSPARENT);
     SetTextColor(item->hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_MENUTEXT));
     DrawTextW(item->hDC, menuEntries_[index].name.c_str(), -1, &box, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     return true;
+}
+
+// Icons came in while the menu may be open: its window draws them.
+void CPloder::ShowFoundMenuIcons() {
+    EnumThreadWindows(GetCurrentThreadId(), [](HWND window, LPARAM) {
+        wchar_t name[16] = {};
+        GetClassNameW(window, name, 16);
+        if (wcscmp(name, L"#32768") == 0 && IsWindowVisible(window)) InvalidateRect(window, nullptr, FALSE);
+        return TRUE;
+    }, 0);
 }
 
 }  // namespace tessel

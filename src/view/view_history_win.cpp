@@ -9,6 +9,7 @@
 #include <functional>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
@@ -104,16 +105,23 @@ void CMyShellBrowser::SelectItems(const std::vector<ItemBytes>& items, UINT firs
     std::unordered_set<std::string_view> wanted;
     for (const ItemBytes& bytes : items)
         if (IsItemList(bytes)) wanted.emplace(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    UINT flags = firstFlags;
     HWND list = GetListControl();
     const int count = list && folderView_ ? static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)) : 0;
+    std::vector<int> rows;
     for (int index = 0; index < count && !wanted.empty(); ++index) {
         PITEMID_CHILD child = nullptr;
-        if (SUCCEEDED(folderView_->Item(index, &child)) && child) {
-            const std::string_view key(reinterpret_cast<const char*>(child), ILGetSize(child));
-            if (wanted.erase(key) && SUCCEEDED(folderView_->SelectItem(index, flags))) flags = SVSI_SELECT;
-        }
+        if (SUCCEEDED(folderView_->Item(index, &child)) && child &&
+            wanted.erase(std::string_view(reinterpret_cast<const char*>(child), ILGetSize(child))))
+            rows.push_back(index);
         CoTaskMemFree(child);
+    }
+    UINT flags = firstFlags;
+    if (!rows.empty() && SUCCEEDED(folderView_->SelectItem(rows.front(), flags))) flags = SVSI_SELECT;
+    if (rows.size() == static_cast<size_t>(count) && count > 1) {
+        // Every row: one request, as Select All makes it.
+        ListView_SetItemState(list, -1, LVIS_SELECTED, LVIS_SELECTED);
+    } else {
+        for (size_t i = 1; i < rows.size(); ++i) folderView_->SelectItem(rows[i], SVSI_SELECT);
     }
     constexpr size_t kAskedByName = 64;
     if (wanted.size() > kAskedByName) return;

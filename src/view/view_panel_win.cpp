@@ -282,6 +282,21 @@ void CPloder::BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) 
     if (&browser == active_) SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+void CPloder::BrowserRefreshed(CMyShellBrowser& browser) {
+    if (&browser == active_ && showTree_ == 1) folderTree_.Refresh();
+}
+
+void CPloder::BrowserFolderChanged(CMyShellBrowser& browser) {
+    if (showTree_ == 1 && browser.Current()) folderTree_.Reread(browser.Current());
+}
+
+// Drawn at once: the listing holds the GUI thread, so no paint message would come meanwhile.
+void CPloder::BrowserProgress(CMyShellBrowser& browser, const std::wstring& text) {
+    if (&browser != active_) return;
+    SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    UpdateWindow(statusBar_);
+}
+
 // The main window shows the free space of the T-View that has the keyboard focus.
 void CPloder::BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) {
     HWND frameStatus = GetDlgItem(GetAncestor(hwnd(), GA_ROOT), 59393);
@@ -449,6 +464,9 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_NOTIFY:
         return OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case kMsgMenuIconsFound:
+        ShowFoundMenuIcons();
+        return 0;
     case kMsgSelectionSettled:
         selectionNoticed_ = false;
         PostMessageW(GetParent(hwnd()), kMsgViewSelection, viewIndex_, 0);

@@ -13,6 +13,7 @@
 #include "nav/tab_view_win.h"
 #include "nav/quick_links.h"
 #include "view/browser_slots.h"
+#include "view/menu_icons_win.h"
 #include "view/shell_browser_win.h"
 #include "view/status_highlight_win.h"
 #include "view/view_toolbars_win.h"
@@ -81,6 +82,9 @@ public:
 
     // IBrowserOwner
     void BrowserNavigated(CMyShellBrowser& browser) override;
+    void BrowserProgress(CMyShellBrowser& browser, const std::wstring& text) override;
+    void BrowserRefreshed(CMyShellBrowser& browser) override;
+    void BrowserFolderChanged(CMyShellBrowser& browser) override;
     void BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) override;
     void BrowserFreeSpace(CMyShellBrowser& browser, const std::wstring& text) override;
     void ShowBackgroundMenu(POINT screenPoint) override;
@@ -169,7 +173,8 @@ private:
     bool selectionNoticed_ = false;  // a selection change is on its way to the main frame
     std::function<void()> laterWork_;
     std::vector<QuickLinkEntry> menuEntries_;  // of the quick-links or programs menu while it is open
-    std::vector<win::UniqueIcon> menuIcons_;
+    std::unique_ptr<MenuIcons> menuIcons_;  // made when a menu is first drawn
+    void ShowFoundMenuIcons();
 };
 
 // An address bar whose choices go to the panel `target` names at the moment they are made.
@@ -181,6 +186,8 @@ inline constexpr UINT kMsgViewFocused = WM_APP + 0x130;
 inline constexpr UINT kMsgViewNavigated = WM_APP + 0x131;
 // Posted to the main frame when the selection of a T-View's shown list changed.
 inline constexpr UINT kMsgViewSelection = WM_APP + 0x132;
+// Posted to a T-View when icons of its quick-links or programs menus were found.
+inline constexpr UINT kMsgMenuIconsFound = WM_APP + 0x134;
 // Posted by a T-View to itself: the selection changes of one burst are told once.
 inline constexpr UINT kMsgSelectionSettled = WM_APP + 0x133;
 

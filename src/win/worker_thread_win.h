@@ -12,7 +12,7 @@
 
 namespace tessel::win {
 
-inline constexpr DWORD kWorkerStopLimitMs = 100;
+inline constexpr DWORD kWorkerStopLimitMs = 80;  // the GUI thread is held 100 ms at most, all told
 
 class WorkerThread {
 public:

@@ -164,6 +164,22 @@ void ClickColumn(HWND list, int column) {
     SendMessageW(header, WM_LBUTTONUP, 0, at);
 }
 
+// A long listing shows its progress in the status bar while the GUI thread is busy with it; here
+// sooner than after half a second.
+TEST_F(BrowserView, ALongListingSaysSoWhileItRuns) {
+    CreateDirectoryW((files_ / L"many").c_str(), nullptr);
+    for (int i = 0; i < 300; ++i) WriteBytes(files_ / (L"many\\f" + std::to_wstring(i)), "");
+    ASSERT_TRUE(Go(files_.path()));
+    CMyShellBrowser& browser = host_.Browser();
+    browser.Listing().firstMs = 0;
+    ASSERT_TRUE(Go(files_ / L"many"));
+    wchar_t part[256] = {};
+    SendMessageW(host_.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(part));
+    EXPECT_NE(std::wstring(part).find(L"256"), std::wstring::npos) << "the count at the last notice";
+    EXPECT_NE(std::wstring(part).find(L"many"), std::wstring::npos);
+    ASSERT_TRUE(PumpUntil([&] { return browser.StatusText().find(L"300") != std::wstring::npos; }));
+}
+
 TEST_F(BrowserView, SortColumnAndDirectionSurviveFilteringAndRefreshes) {
     ASSERT_TRUE(Go(files_.path()));
     CMyShellBrowser& browser = host_.Browser();

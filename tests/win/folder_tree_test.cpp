@@ -80,6 +80,23 @@ TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
     EXPECT_TRUE(PumpUntil([&] { return children(selected) == 0; }, 3000)) << "the button goes once the answer is in";
     Pump(100);
     EXPECT_EQ(children(TreeView_GetParent(tree, selected)), 1);
+
+    // F5 and changes from outside reach the levels the tree shows.
+    ASSERT_TRUE(CreateDirectoryW((deep + L"\\made").c_str(), nullptr));
+    panel.Active()->RefreshView();
+    EXPECT_TRUE(PumpUntil([&] {
+        UpdateWindow(tree);
+        return children(TreeView_GetSelection(tree)) == 1;
+    }, 3000)) << "F5: the button is back";
+    const std::wstring above = deep.substr(0, deep.rfind(L'\\'));
+    ASSERT_TRUE(panel.NavigateToText(above));
+    HTREEITEM aboveItem = TreeView_GetSelection(tree);
+    const int before = panel.FolderTree().ChildCount(aboveItem);
+    ASSERT_TRUE(CreateDirectoryW((above + L"\\late").c_str(), nullptr));
+    EXPECT_TRUE(PumpUntil([&] { return panel.FolderTree().ChildCount(aboveItem) == before + 1; }))
+        << "a folder made from outside appears";
+    ASSERT_TRUE(RemoveDirectoryW((above + L"\\late").c_str()));
+    EXPECT_TRUE(PumpUntil([&] { return panel.FolderTree().ChildCount(aboveItem) == before; })) << "and goes";
 }
 
 POINTL ScreenPointOf(HWND tree, HTREEITEM item) {

@@ -6,6 +6,7 @@
 
 #include "view/browser_slots.h"
 #include "view/copy_name.h"
+#include "view/listing_progress.h"
 #include "view/location_text.h"
 #include "view/name_clash.h"
 #include "view/shell_change.h"
@@ -128,6 +129,39 @@ TEST(ShellChange, FreeSpaceEventsAndThePathTheFolderSizesHear) {
     EXPECT_FALSE(ChangeRemovesFolder({kEventRmdir, L"C:\\Data\\Sub", L""}, L"C:\\Data"));
     EXPECT_FALSE(ChangeRemovesFolder({kEventCreate, L"C:\\Data", L""}, L"C:\\Data"));
     EXPECT_FALSE(ChangeRemovesFolder({kEventRmdir, L"", L""}, L"C:\\Data"));
+}
+
+}  // namespace
+}  // namespace tessel
+
+namespace tessel {
+namespace {
+
+// A sign of a long listing: none in the first half second, then one every 200 ms, none once ended.
+TEST(ListingProgress, FirstAfterHalfASecondThenEvery200Ms) {
+    ListingProgress progress;
+    double now = 0;
+    auto clock = [&] { return now; };
+    progress.Begin(0);
+    auto notices = [&](int items) {
+        int due = 0;
+        for (int i = 0; i < items; ++i) due += progress.Step(clock) ? 1 : 0;
+        return due;
+    };
+    now = 499;
+    EXPECT_EQ(notices(10000), 0);
+    now = 500;
+    EXPECT_EQ(notices(10000), 1) << "once, not at every look";
+    now = 650;
+    EXPECT_EQ(notices(10000), 0);
+    now = 700;
+    EXPECT_EQ(notices(10000), 1);
+    EXPECT_EQ(progress.Items(), 40000);
+    progress.End();
+    now = 5000;
+    EXPECT_EQ(notices(10000), 0);
+    progress.Begin(5000);
+    EXPECT_EQ(notices(10000), 0) << "a new listing waits its own half second";
 }
 
 }  // namespace
