@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/path_text.h"
 #include "features/folder_walk.h"
 
 namespace tessel {
@@ -20,7 +21,7 @@ public:
         if (!pattern.empty() && pattern.back() != L'\\') pattern += L'\\';
         pattern += L"*.*";
         // Deep trees pass the old path limit: such paths go to the system in their long form.
-        if (pattern.size() >= MAX_PATH && pattern.size() > 2 && pattern[1] == L':') pattern = L"\\\\?\\" + pattern;
+        pattern = LongPathForm(pattern);
         find_ = FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &data_, FindExSearchNameMatch, nullptr,
                                  FIND_FIRST_EX_LARGE_FETCH);
         pending_ = find_ != INVALID_HANDLE_VALUE;

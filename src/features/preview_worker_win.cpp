@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "core/path_text.h"
 #include "features/folder_size_worker_win.h"
 #include "win/com_ptr_win.h"
 
@@ -100,7 +101,7 @@ void ReadFacts(const PreviewRequest& request, PreviewResult& result) {
     }
     if (request.path.empty()) return;
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!GetFileAttributesExW(request.path.c_str(), GetFileExInfoStandard, &data)) {
+    if (!GetFileAttributesExW(LongPathForm(request.path).c_str(), GetFileExInfoStandard, &data)) {
         result.found = false;
         return;
     }
@@ -110,7 +111,7 @@ void ReadFacts(const PreviewRequest& request, PreviewResult& result) {
 
 // The first 64 KB, shared with writers and deleters so that the preview never stands in the way.
 bool ReadHead(const std::wstring& path, std::string& bytes) {
-    win::UniqueHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+    win::UniqueHandle file(CreateFileW(LongPathForm(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                        nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file) return false;
     bytes.resize(kTextPreviewBytes);

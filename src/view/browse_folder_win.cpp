@@ -6,6 +6,7 @@
 #include "core/fill_in.h"
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/path_text.h"
 #include "core/settings_store_win.h"
 #include "res/resource.h"
 #include "view/browser_drop_target_win.h"
@@ -37,7 +38,7 @@ UINT AdjustViewFlags(UINT flags) {
 bool StillThere(PCIDLIST_ABSOLUTE folder) {
     const std::wstring path = win::FileSystemPathOf(folder);
     if (path.empty()) return true;
-    const DWORD attributes = GetFileAttributesW(path.c_str());
+    const DWORD attributes = GetFileAttributesW(LongPathForm(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 

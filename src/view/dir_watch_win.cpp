@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/path_text.h"
 #include "view/dir_change_records.h"
 #include "win/wait_win.h"
 
@@ -63,7 +64,7 @@ void CMyReadDirectoryChanges::Stop() {
 
 void CMyReadDirectoryChanges::Run(std::stop_token stop, std::wstring path, HWND window, UINT message,
                                   DWORD subtree) {
-    win::UniqueHandle directory(CreateFileW(path.c_str(), FILE_LIST_DIRECTORY,
+    win::UniqueHandle directory(CreateFileW(LongPathForm(path).c_str(), FILE_LIST_DIRECTORY,
                                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                             OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OVERLAPPED,
                                             nullptr));

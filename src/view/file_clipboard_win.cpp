@@ -119,8 +119,28 @@ bool ReadClipboardFiles(HWND owner, ClipboardFiles& files) {
     return !files.paths.empty();
 }
 
+namespace {
+
+// The shell's copy and move stop at the old path limit; what they would refuse is said first.
+bool ShellTakesPaths(HWND owner, const std::vector<std::wstring>& paths, const std::wstring& targetFolder) {
+    std::wstring tooLong;
+    for (const std::wstring& path : paths) {
+        const std::wstring target = targetFolder + L"\\" + path.substr(path.find_last_of(L'\\') + 1);
+        if (path.size() >= MAX_PATH) tooLong = path;
+        else if (target.size() >= MAX_PATH) tooLong = target;
+        if (!tooLong.empty()) break;
+    }
+    if (tooLong.empty()) return true;
+    MessageBoxW(owner, FillIn(GetText(IDS_PATH_TOO_LONG_FOR_SHELL), {tooLong}).c_str(), GetText(60000).c_str(),
+                MB_OK | MB_ICONWARNING);
+    return false;
+}
+
+}  // namespace
+
 bool CopyOrMoveFiles(HWND owner, const ClipboardFiles& files, const std::wstring& targetFolder) {
     if (files.paths.empty() || targetFolder.empty()) return false;
+    if (!ShellTakesPaths(owner, files.paths, targetFolder)) return false;
     const bool move = files.effect & DROPEFFECT_MOVE;
     if (move && SameText(FolderOf(files.paths.front()), targetFolder)) return false;  // nothing to move
     std::vector<std::wstring> sources = files.paths;

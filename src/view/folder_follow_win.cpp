@@ -12,6 +12,7 @@
 #include "view/dir_change_records.h"
 #include "view/dir_watch_win.h"
 #include "view/shell_browser_win.h"
+#include "win/shell_item_win.h"
 
 namespace tessel {
 namespace {
@@ -58,8 +59,7 @@ void RestorePlace(HWND list, const ListPlace& place) {
 void CMyShellBrowser::StartDirectoryWatch() {
     KillTimer(hwnd(), kTimerFollowDisk);
     if (!ShellMissesOutsideChanges()) return;
-    wchar_t path[MAX_PATH] = {};
-    if (!shown_ || !SHGetPathFromIDListW(shown_.get(), path)) path[0] = 0;
+    const std::wstring path = shown_ ? win::FileSystemPathOf(shown_.get()) : std::wstring();
     dirWatch_.Start(path, hwnd(), kMsgDirectoryChange, 0);  // an empty path ends the old watch
 }
 

@@ -51,8 +51,8 @@ void CMyShellBrowser::StartFolderSizes() {
     sizesAllChanged_ = false;
     sizeColumn_ = -1;
     const FolderSizeSettings& settings = FolderSizeOptions();
-    wchar_t path[MAX_PATH] = {};
-    if (!settings.fld_size || !shown_ || !SHGetPathFromIDListW(shown_.get(), path) || !path[0]) return;
+    const std::wstring path = shown_ ? win::FileSystemPathOf(shown_.get()) : std::wstring();
+    if (!settings.fld_size || path.empty()) return;
     sizeColumn_ = SizeColumnOf(shownFolder_.get());
     if (sizeColumn_ < 0) return;
     // Room for the size, the share and the counts.

@@ -83,8 +83,8 @@ public:
     std::wstring CurrentFolder() override { return FolderPath(browser_); }
 
     static std::wstring FolderPath(const CMyShellBrowser& browser) {
-        wchar_t path[MAX_PATH] = {};
-        return browser.Current() && SHGetPathFromIDListW(browser.Current(), path) ? path : browser.CurrentPath();
+        const std::wstring path = browser.Current() ? win::FileSystemPathOf(browser.Current()) : std::wstring();
+        return path.empty() ? browser.CurrentPath() : path;
     }
 
 private:
@@ -95,8 +95,7 @@ private:
         if (index < 0 || !view || FAILED(view->Item(index, &child)) || !child) return {};
         win::UniquePidl full(ILCombine(browser_.Current(), child));
         CoTaskMemFree(child);
-        wchar_t path[MAX_PATH] = {};
-        return full && SHGetPathFromIDListW(full.get(), path) ? path : L"";
+        return full ? win::FileSystemPathOf(full.get()) : std::wstring();
     }
     const CMyShellBrowser& browser_;
 };

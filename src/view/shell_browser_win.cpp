@@ -114,8 +114,8 @@ STDMETHODIMP CMyShellBrowser::OnDefaultCommand(IShellView* view) {
     win::UniquePidl target(ILCombine(shown_.get(), child));
     CoTaskMemFree(child);
     if (target && !isFolder) {
-        wchar_t path[MAX_PATH] = {};
-        return SHGetPathFromIDListW(target.get(), path) && OpenByAssociation(path) ? S_OK : S_FALSE;
+        const std::wstring path = win::FileSystemPathOf(target.get());
+        return !path.empty() && OpenByAssociation(path) ? S_OK : S_FALSE;
     }
     if (!target) return S_FALSE;
     NavigateTo(std::move(target), false, true);

@@ -4,6 +4,7 @@
 
 #include <mutex>
 
+#include "core/path_text.h"
 #include "win/clock_win.h"
 #include "win/handles_win.h"
 
@@ -141,7 +142,7 @@ void StatusWorker::Work(std::stop_token stop, std::shared_ptr<Job> job, HWND lis
         counts.sizesKnown = SumRows(stop, *job, done, partial, counts);
         if (!partial) counts.totalBytes = counts.selectedBytes;
         ULARGE_INTEGER freeBytes{}, totalBytes{};
-        if (!stop.stop_requested() && GetDiskFreeSpaceExW(folderPath.c_str(), &freeBytes, &totalBytes, nullptr)) {
+        if (!stop.stop_requested() && GetDiskFreeSpaceExW(LongPathForm(folderPath).c_str(), &freeBytes, &totalBytes, nullptr)) {
             result.freeKnown = true;
             result.freeBytes = freeBytes.QuadPart;
             result.driveBytes = totalBytes.QuadPart;

@@ -9,6 +9,7 @@
 
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/path_text.h"
 #include "res/resource.h"
 #include "view/file_clipboard_win.h"
 #include "view/shell_browser_win.h"
@@ -197,9 +198,10 @@ void CMyShellBrowser::NewFolder() {
     if (folder.empty()) return;
     const std::wstring base = GetText(IDS_NEW_FOLDER_NAME);
     std::wstring name = base;
-    for (int n = 2; n < 1000 && GetFileAttributesW((folder + L"\\" + name).c_str()) != INVALID_FILE_ATTRIBUTES; ++n)
+    for (int n = 2; n < 1000 && GetFileAttributesW(LongPathForm(folder + L"\\" + name).c_str()) != INVALID_FILE_ATTRIBUTES;
+         ++n)
         name = base + L" (" + std::to_wstring(n) + L")";
-    if (!CreateDirectoryW((folder + L"\\" + name).c_str(), nullptr)) return;
+    if (!CreateDirectoryW(LongPathForm(folder + L"\\" + name).c_str(), nullptr)) return;
     if (!view_) return;
     view_->Refresh();
     win::UniquePidl created = win::PidlFromPath(folder + L"\\" + name);

@@ -10,6 +10,7 @@
 #include "core/fill_in.h"
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
+#include "core/path_text.h"
 #include "core/settings_store_win.h"
 #include "nav/address_input_win.h"
 #include "nav/tab_ctrl_win.h"
@@ -164,7 +165,9 @@ bool CPloder::NavigateToTyped(const std::wstring& text) {
     if (folder && NavigateTo(std::move(folder)) && HasLocation()) return true;
     constexpr size_t kShownChars = 260;
     const std::wstring shown = text.size() > kShownChars ? text.substr(0, kShownChars) + L"..." : text;
-    const std::wstring why = FillIn(GetText(IDS_LOCATION_NOT_OPENED), {shown});
+    // A folder the shell refuses for the length of its path is told apart from one not there.
+    const bool tooLong = text.size() >= MAX_PATH && GetFileAttributesW(LongPathForm(text).c_str()) != INVALID_FILE_ATTRIBUTES;
+    const std::wstring why = FillIn(GetText(tooLong ? IDS_FOLDER_PATH_TOO_LONG : IDS_LOCATION_NOT_OPENED), {shown});
     SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(why.c_str()));
     return false;
 }

@@ -73,10 +73,22 @@ std::wstring LocationNameOf(PCIDLIST_ABSOLUTE pidl) {
     return name;
 }
 
+// Paths are not limited to the old 260 characters: a deep one is asked again with room for the
+// longest a path can be.
 std::wstring FileSystemPathOf(PCIDLIST_ABSOLUTE pidl) {
+    if (!pidl) return {};
     wchar_t path[MAX_PATH * 4] = {};
-    if (!pidl || !SHGetPathFromIDListEx(pidl, path, ARRAYSIZE(path), GPFIDL_DEFAULT)) return {};
-    return path;
+    if (SHGetPathFromIDListEx(pidl, path, ARRAYSIZE(path), GPFIDL_DEFAULT) && wcslen(path) < MAX_PATH - 1) return path;
+    // Cut at the old limit by some platforms, or past the buffer: the folder's path and the
+    // item's own name, which travels in its identifier.
+    UniquePidl parent = ParentOf(pidl);
+    const std::wstring folder = parent && !ILIsEmpty(parent.get()) ? FileSystemPathOf(parent.get()) : std::wstring();
+    ComPtr<IShellFolder> bound = folder.empty() ? nullptr : BindFolder(parent.get());
+    WIN32_FIND_DATAW data{};
+    if (!bound || FAILED(SHGetDataFromIDListW(bound.get(), ILFindLastID(pidl), SHGDFIL_FINDDATA, &data, sizeof(data))) ||
+        !data.cFileName[0])
+        return path;
+    return folder + (folder.back() == L'\\' ? L"" : L"\\") + data.cFileName;
 }
 
 std::wstring FolderTextOf(PCIDLIST_ABSOLUTE pidl) {

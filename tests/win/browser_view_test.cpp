@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "core/general_options.h"
+#include "core/language_packs_win.h"
+#include "core/path_text.h"
 #include "res/resource.h"
 #include "view/dir_watch_win.h"
 #include "view/file_clipboard_win.h"
@@ -406,6 +408,53 @@ TEST_F(BrowserView, OnlyListsOfThisViewAreUsedAndTheListFontIsOwned) {
     DestroyWindow(stranger);
     ASSERT_TRUE(Go(files_ / L"sub")) << "the next navigation makes a new view with its list";
     EXPECT_NE(browser.GetListControl(), nullptr);
+}
+
+}  // namespace
+}  // namespace tessel::testing
+
+namespace tessel::testing {
+namespace {
+
+// Items past the old 260 characters in a folder just below it are worked with; what the shell
+// refuses (a folder past it, a copy to it) is said.
+TEST(LongPaths, ItemsPastTheOldLimitAreWorkedWithAndRefusalsAreSaid) {
+    TempFolder files;
+    std::wstring deep = files.path() + L"\\" + std::wstring(100, L'd');
+    ASSERT_TRUE(CreateDirectoryW(deep.c_str(), nullptr));
+    deep += L"\\" + std::wstring(240 - deep.size(), L'e');
+    ASSERT_TRUE(CreateDirectoryW(LongPathForm(deep).c_str(), nullptr));
+    const std::wstring inside = deep + L"\\" + std::wstring(30, L'i') + L".txt";
+    WriteBytes(LongPathForm(inside), "x");
+    ASSERT_GE(inside.size(), 260u);
+    ViewHost host(1);
+    ASSERT_TRUE(host.Panel().NavigateToText(deep));
+    CMyShellBrowser& browser = host.Browser();
+    ASSERT_TRUE(SelectByName(browser, std::wstring(30, L'i') + L".txt"));
+    EXPECT_EQ(LowerCase(browser.ExpandCommand(L"%sel_file%")), L"\"" + LowerCase(inside) + L"\"");
+
+    browser.Execute(ID_VIEW_NEW_FOLDER);
+    const std::wstring made = deep + L"\\" + GetText(IDS_NEW_FOLDER_NAME);
+    EXPECT_NE(GetFileAttributesW(LongPathForm(made).c_str()), INVALID_FILE_ATTRIBUTES) << "a new folder past the limit";
+    const int follows = browser.DiskFollows();
+    WriteBytes(LongPathForm(deep + L"\\later.txt"), "y");
+    EXPECT_TRUE(PumpUntil([&] { return browser.DiskFollows() > follows; })) << "the folder is watched";
+
+    const std::wstring name = std::wstring(30, L'n') + L".txt";
+    WriteBytes(files / name, "z");
+    {
+        MessageAnswer answer;
+        EXPECT_FALSE(browser.TakeFiles({{files / name}, DROPEFFECT_COPY}));
+        EXPECT_TRUE(PumpUntil([&] { return answer.Count() > 0; }));
+        EXPECT_NE(answer.Text().find(name), std::wstring::npos) << "the refusal names the path";
+    }
+    // Typed: the shell opens no folder past the limit, and the status says that.
+    const std::wstring beyond = deep + L"\\" + std::wstring(30, L'b');
+    ASSERT_TRUE(CreateDirectoryW(LongPathForm(beyond).c_str(), nullptr));
+    EXPECT_FALSE(host.Panel().NavigateToTyped(beyond));
+    wchar_t status[1024] = {};
+    SendMessageW(host.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(status));
+    EXPECT_NE(std::wstring(status).find(L"260"), std::wstring::npos);
 }
 
 }  // namespace
