@@ -92,6 +92,7 @@ TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
     ASSERT_TRUE(panel.NavigateToText(above));
     HTREEITEM aboveItem = TreeView_GetSelection(tree);
     const int before = panel.FolderTree().ChildCount(aboveItem);
+    Pump(200);  // the watch is set up
     ASSERT_TRUE(CreateDirectoryW((above + L"\\late").c_str(), nullptr));
     EXPECT_TRUE(PumpUntil([&] { return panel.FolderTree().ChildCount(aboveItem) == before + 1; }))
         << "a folder made from outside appears";
