@@ -205,7 +205,8 @@ int wmain(int argc, wchar_t** argv) {
         HWND bareList = ListOf(bare.hwnd());
         const std::wstring only = argc > 2 ? argv[2] : L"";  // "back" or "stop": that part alone
         if (only.empty()) {
-            BenchSelectionChange(browser, bareList, "select all", "status-100000-ms", "select-all-100000-ui-max-block-ms",
+            BenchSelectionChange(browser, bareList, "select all", "select-all-status-100000-ms",
+                                 "select-all-100000-ui-max-block-ms",
                                  false, [](HWND list) { SelectAll(list, true); });
             BenchSelectionChange(browser, bareList, "a click clearing a selection", "clear-selection-100000-ms",
                                  nullptr, true, [](HWND list) { ClickRow(list, 1); });

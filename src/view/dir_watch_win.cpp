@@ -43,7 +43,7 @@ bool CMyReadDirectoryChanges::Running() const { return WaitForSingleObject(finis
 int CMyReadDirectoryChanges::Start(const std::wstring& path, HWND window, UINT message, DWORD watchSubtree) {
     if (!ReadChangesFunction() || !stopped_ || !finished_) return 0;
     Stop();
-    const DWORD attributes = path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
+    const DWORD attributes = path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(LongPathForm(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) return 1;
     ResetEvent(stopped_.get());
     ResetEvent(finished_.get());

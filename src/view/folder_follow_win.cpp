@@ -58,6 +58,7 @@ void RestorePlace(HWND list, const ListPlace& place) {
 
 void CMyShellBrowser::StartDirectoryWatch() {
     KillTimer(hwnd(), kTimerFollowDisk);
+    followArmed_ = false;  // whoever starts the watch lists the folder next
     if (!ShellMissesOutsideChanges()) return;
     const std::wstring path = shown_ ? win::FileSystemPathOf(shown_.get()) : std::wstring();
     dirWatch_.Start(path, hwnd(), kMsgDirectoryChange, 0);  // an empty path ends the old watch
