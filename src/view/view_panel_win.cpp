@@ -86,8 +86,9 @@ bool CPloder::OnCreate() {
     filterLabel_ = Child(L"STATIC", SS_LEFT | SS_CENTERIMAGE, 0, hwnd(), kFilterLabelId,
                          GetText(IDS_FILTER_LABEL).c_str());
     treeEdge_ = Child(L"STATIC", SS_ETCHEDVERT, 0, hwnd(), kTreeEdgeId);
-    statusBar_ = Child(STATUSCLASSNAMEW, WS_VISIBLE | WS_CLIPCHILDREN | CCS_NOPARENTALIGN | CCS_NORESIZE, 0, hwnd(),
-                       kStatusBarId);
+    // The toolbars leave the text little room: a cut text shows whole as the part's tip.
+    statusBar_ = Child(STATUSCLASSNAMEW, WS_VISIBLE | WS_CLIPCHILDREN | CCS_NOPARENTALIGN | CCS_NORESIZE | SBARS_TOOLTIPS,
+                       0, hwnd(), kStatusBarId);
     toolbars_.Create(hwnd(), statusBar_);
     statusHighlight_.Attach(statusBar_);
     RefreshUserMenuButtons();
@@ -168,7 +169,7 @@ bool CPloder::NavigateToTyped(const std::wstring& text) {
     // A folder the shell refuses for the length of its path is told apart from one not there.
     const bool tooLong = text.size() >= MAX_PATH && GetFileAttributesW(LongPathForm(text).c_str()) != INVALID_FILE_ATTRIBUTES;
     const std::wstring why = FillIn(GetText(tooLong ? IDS_FOLDER_PATH_TOO_LONG : IDS_LOCATION_NOT_OPENED), {shown});
-    SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(why.c_str()));
+    ShowStatusText(why);
     return false;
 }
 
@@ -281,8 +282,13 @@ void CPloder::HistoryChanged(CMyShellBrowser& browser) {
         toolbars_.EnableHistory(browser.History().CanGoBack(), browser.History().CanGoForward());
 }
 
+void CPloder::ShowStatusText(const std::wstring& text) {
+    SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    SendMessageW(statusBar_, SB_SETTIPTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 void CPloder::BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) {
-    if (&browser == active_) SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    if (&browser == active_) ShowStatusText(text);
 }
 
 void CPloder::BrowserRefreshed(CMyShellBrowser& browser) {
@@ -296,7 +302,7 @@ void CPloder::BrowserFolderChanged(CMyShellBrowser& browser) {
 // Drawn at once: the listing holds the GUI thread, so no paint message would come meanwhile.
 void CPloder::BrowserProgress(CMyShellBrowser& browser, const std::wstring& text) {
     if (&browser != active_) return;
-    SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    ShowStatusText(text);
     UpdateWindow(statusBar_);
 }
 

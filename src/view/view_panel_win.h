@@ -175,6 +175,7 @@ private:
     std::vector<QuickLinkEntry> menuEntries_;  // of the quick-links or programs menu while it is open
     std::unique_ptr<MenuIcons> menuIcons_;  // made when a menu is first drawn
     void ShowFoundMenuIcons();
+    void ShowStatusText(const std::wstring& text);  // part 0, whole as its tip when cut
 };
 
 // An address bar whose choices go to the panel `target` names at the moment they are made.

@@ -137,6 +137,9 @@ TEST_F(BrowserView, StatusCountsSizesAndFreeSpace) {
     wchar_t part[256] = {};
     SendMessageW(host_.Panel().StatusBar(), SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(part));
     EXPECT_EQ(std::wstring(part), browser.StatusText());
+    wchar_t tip[256] = {};
+    SendMessageW(host_.Panel().StatusBar(), SB_GETTIPTEXTW, MAKEWPARAM(0, 256), reinterpret_cast<LPARAM>(tip));
+    EXPECT_EQ(std::wstring(tip), browser.StatusText()) << "a text cut by the toolbars shows whole as the tip";
 
     // Totals count what the list lists: with a filter, all or nothing selected, b.txt is not in.
     CPloder& panel = host_.Panel();
