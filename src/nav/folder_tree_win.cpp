@@ -23,10 +23,13 @@ namespace {
 
 constexpr UINT_PTR kKeyboardTimer = 1;
 constexpr UINT_PTR kMouseTimer = 2;
+constexpr UINT kMsgTreeShellChange = WM_APP + 0x151;
+constexpr LONG kFolderEvents = SHCNE_MKDIR | SHCNE_RMDIR | SHCNE_RENAMEFOLDER;
 
 }  // namespace
 
 CShellTree2::~CShellTree2() {
+    StopShellChanges();
     probe_.reset();  // no answers after this
     if (tree_ && IsWindow(tree_)) {
         StopDrops();
@@ -107,6 +110,7 @@ void CShellTree2::EnsureFilled() {
         if (FAILED(RegisterDragDrop(tree_, dropTarget_.get()))) dropTarget_.reset();
     }
     if (TreeView_GetRoot(tree_)) return;
+    FollowShellChanges();
     PIDLIST_ABSOLUTE desktop = nullptr;
     if (FAILED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) return;
     RedrawHold hold(tree_);
@@ -310,6 +314,32 @@ void CShellTree2::Refresh() {
     }
 }
 
+// Folders made, removed or renamed through the shell anywhere: the levels the tree has read
+// follow (the view's own watcher tells of other programs' changes in the folder it shows).
+void CShellTree2::FollowShellChanges() {
+    if (notifyId_ || dropDown_) return;
+    PIDLIST_ABSOLUTE desktop = nullptr;
+    if (FAILED(SHGetFolderLocation(nullptr, CSIDL_DESKTOP, nullptr, 0, &desktop))) return;
+    SHChangeNotifyEntry entry{desktop, TRUE};
+    notifyId_ = SHChangeNotifyRegister(tree_, SHCNRF_InterruptLevel | SHCNRF_ShellLevel, kFolderEvents,
+                                       kMsgTreeShellChange, 1, &entry);
+    CoTaskMemFree(desktop);
+}
+
+void CShellTree2::StopShellChanges() {
+    if (notifyId_) SHChangeNotifyDeregister(notifyId_);
+    notifyId_ = 0;
+}
+
+// The old delivery form: wParam points to the notice's two item identifier lists.
+void CShellTree2::OnShellChange(WPARAM wParam, LPARAM lParam) {
+    const auto* items = reinterpret_cast<const PCIDLIST_ABSOLUTE*>(wParam);
+    if (!items || !(lParam & kFolderEvents)) return;
+    for (int i = 0; i < ((lParam & SHCNE_RENAMEFOLDER) ? 2 : 1); ++i)
+        if (items[i] && !ILIsEmpty(items[i]))
+            if (win::UniquePidl parent = win::ParentOf(items[i])) Reread(parent.get());
+}
+
 void CShellTree2::Reread(PCIDLIST_ABSOLUTE folder) {
     if (!tree_ || !folder) return;
     if (HTREEITEM item = WalkTo(folder, false)) RereadLevel(item);
@@ -396,7 +426,12 @@ LRESULT CShellTree2::TreeProc(HWND tree, UINT message, WPARAM wParam, LPARAM lPa
         self->TakeAnswer(wParam, lParam);
         return 0;
     }
+    if (message == kMsgTreeShellChange) {
+        self->OnShellChange(wParam, lParam);
+        return 0;
+    }
     if (message == WM_NCDESTROY) {
+        self->StopShellChanges();
         self->StopDrops();
         KillTimer(tree, kKeyboardTimer);
         KillTimer(tree, kMouseTimer);

@@ -102,6 +102,10 @@ private:
     uint64_t lastTicket_ = 0;
     std::unique_ptr<SubFolderProbe> probe_;  // made at the first question
     win::ComPtr<CShellTreeDropTarget> dropTarget_;  // registered while the tree lives
+    ULONG notifyId_ = 0;  // the shell's folder changes anywhere, while the tree is filled
+    void FollowShellChanges();
+    void OnShellChange(WPARAM wParam, LPARAM lParam);
+    void StopShellChanges();
 };
 
 }  // namespace tessel

@@ -1,5 +1,6 @@
 // The folder tree: the desktop at the root, levels read when opened, the user's choice navigates.
 #include <windows.h>
+#include <shellapi.h>
 #include <commctrl.h>
 #include <shlobj.h>
 
@@ -98,6 +99,19 @@ TEST(FolderTree, FollowsTheViewAndShowsButtonsOnlyWhereThereAreSubFolders) {
         << "a folder made from outside appears";
     ASSERT_TRUE(RemoveDirectoryW((above + L"\\late").c_str()));
     EXPECT_TRUE(PumpUntil([&] { return panel.FolderTree().ChildCount(aboveItem) == before; })) << "and goes";
+
+    // A folder the shell removes on a level no view shows goes from the tree too.
+    HTREEITEM top = aboveItem;
+    for (int up = 0; up < 5; ++up) top = TreeView_GetParent(tree, top);
+    ASSERT_TRUE(IdenticalTo(panel.FolderTree().FolderOf(tree, top), win::PidlFromPath(a.path()).get()));
+    const int topChildren = panel.FolderTree().ChildCount(top);
+    const std::wstring from = (a / L"empty") + L'\0';
+    SHFILEOPSTRUCTW remove{};
+    remove.wFunc = FO_DELETE;
+    remove.pFrom = from.c_str();
+    remove.fFlags = FOF_NO_UI;
+    ASSERT_EQ(SHFileOperationW(&remove), 0);
+    EXPECT_TRUE(PumpUntil([&] { return panel.FolderTree().ChildCount(top) == topChildren - 1; }));
 }
 
 POINTL ScreenPointOf(HWND tree, HTREEITEM item) {
