@@ -154,6 +154,47 @@ TEST_F(Layouts, TheFrameWideTreeFollowsTheViewInUse) {
     EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 
+// A click anywhere in a T-View puts it in use, not only one into its list: here into the address
+// bar of T-View 2, and the frame-wide tree follows it.
+TEST_F(Layouts, AClickIntoAnotherViewsAddressBarPutsThatViewInUse) {
+    TesselProcess tessel(exe_, L"\"" + folder_.path() + L"\"");
+    ASSERT_TRUE(tessel.WaitForWindow());
+    SendMessageW(tessel.Frame(), WM_COMMAND, ID_TREE_MODE_0 + 1, 0);
+    HWND tree = GetDlgItem(tessel.Frame(), IDC_FRAME_TREE);
+    auto selectedDepth = [&] {
+        int depth = 0;
+        for (auto item = TreeView_GetSelection(tree); item; item = TreeView_GetParent(tree, item)) ++depth;
+        return depth;
+    };
+    ASSERT_GT(selectedDepth(), 2) << "T-View 1 shows the folder";
+    HWND edit = nullptr;
+    EnumChildWindows(View(tessel, 2), [](HWND child, LPARAM found) {
+        wchar_t name[16] = {};
+        GetClassNameW(child, name, 16);
+        if (_wcsicmp(name, L"Edit") != 0 || !IsWindowVisible(child)) return TRUE;
+        *reinterpret_cast<HWND*>(found) = child;
+        return FALSE;
+    }, reinterpret_cast<LPARAM>(&edit));
+    ASSERT_TRUE(edit) << "T-View 2's address bar";
+    BringToFront(tessel);
+    RECT box{};
+    GetWindowRect(edit, &box);
+    const int width = GetSystemMetrics(SM_CXSCREEN) - 1, height = GetSystemMetrics(SM_CYSCREEN) - 1;
+    INPUT click[2] = {};
+    for (INPUT& input : click) {
+        input.type = INPUT_MOUSE;
+        input.mi.dx = ((box.left + box.right) / 2) * 65535 / width;
+        input.mi.dy = ((box.top + box.bottom) / 2) * 65535 / height;
+    }
+    click[0].mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_LEFTDOWN;
+    click[1].mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_LEFTUP;
+    SendInput(2, click, sizeof(INPUT));
+    const DWORD until = GetTickCount() + 3000;
+    while (selectedDepth() != 2 && GetTickCount() < until) Sleep(50);
+    EXPECT_EQ(selectedDepth(), 2) << "T-View 2 is in use: the tree shows its My Computer";
+    EXPECT_EQ(tessel.CloseAndWait(), 0);
+}
+
 // The tree mode kept in "Start" counts only for start modes other than the last state, which
 // brings its own.
 TEST_F(Layouts, TheKeptTreeModeCountsOnlyWithoutTheLastState) {
