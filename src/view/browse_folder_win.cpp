@@ -224,10 +224,9 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
         listing_.End();
     }
     if (ok) {
-        sort_ = ListSort{};
+        sort_ = ListSort{};  // the new view has served no clicks yet
         ApplySort(sort);
-    }
-    if (!ok) {
+    } else {
         selectionMark_ = savedMark;
         statusRequested_ = savedRequest;
         target_ = win::ClonePidl(shown_.get());  // back to what is shown

@@ -30,34 +30,35 @@ MenuIcons::MenuIcons(HWND notify, UINT message, Finder finder) : shared_(std::ma
 
 MenuIcons::~MenuIcons() { thread_.Stop(); }
 
+void MenuIcons::Work(std::stop_token stop, Shared& shared) {
+    const HRESULT com = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    for (;;) {
+        std::wstring target;
+        {
+            std::unique_lock lock(shared.mutex);
+            if (!shared.wake.wait(lock, stop, [&] { return !shared.asked.empty(); })) break;
+            target = std::move(shared.asked.front());
+            shared.asked.pop_front();
+        }
+        win::UniqueIcon icon(shared.finder(target));
+        if (stop.stop_requested()) break;
+        {
+            std::lock_guard lock(shared.mutex);
+            shared.found[target] = std::move(icon);
+        }
+        PostMessageW(shared.notify, shared.message, 0, 0);
+    }
+    if (SUCCEEDED(com)) CoUninitialize();
+}
+
 HICON MenuIcons::Find(const std::wstring& target) {
     std::lock_guard lock(shared_->mutex);
     if (auto it = shared_->found.find(target); it != shared_->found.end()) return it->second.get();
     shared_->found.emplace(target, win::UniqueIcon());
     shared_->asked.push_back(target);
     if (!thread_.Running())
-        thread_.Start(
-            [shared = shared_](std::stop_token stop) {
-                const HRESULT com = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-                for (;;) {
-                    std::wstring target;
-                    {
-                        std::unique_lock lock(shared->mutex);
-                        if (!shared->wake.wait(lock, stop, [&] { return !shared->asked.empty(); })) break;
-                        target = std::move(shared->asked.front());
-                        shared->asked.pop_front();
-                    }
-                    win::UniqueIcon icon(shared->finder(target));
-                    if (stop.stop_requested()) break;
-                    {
-                        std::lock_guard lock(shared->mutex);
-                        shared->found[target] = std::move(icon);
-                    }
-                    PostMessageW(shared->notify, shared->message, 0, 0);
-                }
-                if (SUCCEEDED(com)) CoUninitialize();
-            },
-            [shared = shared_] { shared->wake.notify_all(); });
+        thread_.Start([shared = shared_](std::stop_token stop) { Work(stop, *shared); },
+                      [shared = shared_] { shared->wake.notify_all(); });
     shared_->wake.notify_one();
     return nullptr;
 }

@@ -28,6 +28,8 @@ public:
 
 private:
     struct Shared;
+    static void Work(std::stop_token stop, Shared& shared);
+
     std::shared_ptr<Shared> shared_;
     win::WorkerThread thread_;  // last: stopped before the rest goes
 };

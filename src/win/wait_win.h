@@ -4,9 +4,17 @@
 
 namespace tessel::win {
 
-// Serves messages sent to this thread (never posted ones) until `object` is signalled.
-inline void WaitServingSentMessages(HANDLE object) {
-    while (MsgWaitForMultipleObjects(1, &object, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1) {
+// Serves messages sent to this thread (never posted ones) until `object` is signalled or
+// `limitMs` has passed; true when it was signalled.
+inline bool WaitServingSentMessages(HANDLE object, DWORD limitMs = INFINITE) {
+    const DWORD start = GetTickCount();
+    for (;;) {
+        const DWORD spent = GetTickCount() - start;
+        if (limitMs != INFINITE && spent >= limitMs) return WaitForSingleObject(object, 0) == WAIT_OBJECT_0;
+        const DWORD left = limitMs == INFINITE ? INFINITE : limitMs - spent;
+        const DWORD woke = MsgWaitForMultipleObjects(1, &object, FALSE, left, QS_SENDMESSAGE);
+        if (woke == WAIT_OBJECT_0) return true;
+        if (woke != WAIT_OBJECT_0 + 1) return WaitForSingleObject(object, 0) == WAIT_OBJECT_0;
         MSG message;
         PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
     }

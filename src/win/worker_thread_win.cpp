@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "win/handles_win.h"
+#include "win/wait_win.h"
 
 namespace tessel::win {
 
@@ -14,21 +15,6 @@ struct WorkerThread::Shared {
 namespace {
 
 std::atomic<int> g_leftBehind{0};
-
-// Serves messages sent to this thread (a worker may be sending one and waiting) until `object`
-// is signalled or the time is up.
-bool WaitServingSent(HANDLE object, DWORD limitMs) {
-    const DWORD start = GetTickCount();
-    for (;;) {
-        const DWORD spent = GetTickCount() - start;
-        if (spent >= limitMs) return WaitForSingleObject(object, 0) == WAIT_OBJECT_0;
-        const DWORD woke = MsgWaitForMultipleObjects(1, &object, FALSE, limitMs - spent, QS_SENDMESSAGE);
-        if (woke == WAIT_OBJECT_0) return true;
-        if (woke != WAIT_OBJECT_0 + 1) return WaitForSingleObject(object, 0) == WAIT_OBJECT_0;
-        MSG message;
-        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-    }
-}
 
 }  // namespace
 
@@ -46,7 +32,7 @@ bool WorkerThread::Stop(DWORD limitMs) {
     if (!thread_.joinable()) return true;
     shared_->stop.request_stop();
     if (wake_) wake_();
-    const bool ended = WaitServingSent(shared_->finished.get(), limitMs);
+    const bool ended = WaitServingSentMessages(shared_->finished.get(), limitMs);  // the work may send
     if (ended) {
         thread_.join();
     } else {
