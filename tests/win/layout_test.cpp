@@ -168,13 +168,15 @@ TEST_F(Layouts, AClickIntoAnotherViewsAddressBarPutsThatViewInUse) {
     };
     ASSERT_GT(selectedDepth(), 2) << "T-View 1 shows the folder";
     HWND edit = nullptr;
-    EnumChildWindows(View(tessel, 2), [](HWND child, LPARAM found) {
-        wchar_t name[16] = {};
-        GetClassNameW(child, name, 16);
-        if (_wcsicmp(name, L"Edit") != 0 || !IsWindowVisible(child)) return TRUE;
-        *reinterpret_cast<HWND*>(found) = child;
-        return FALSE;
-    }, reinterpret_cast<LPARAM>(&edit));
+    // T-View 2 may still be building its address bar when the window first shows.
+    for (const DWORD shown = GetTickCount() + 3000; !edit && GetTickCount() < shown; Sleep(edit ? 0 : 50))
+        EnumChildWindows(View(tessel, 2), [](HWND child, LPARAM found) {
+            wchar_t name[16] = {};
+            GetClassNameW(child, name, 16);
+            if (_wcsicmp(name, L"Edit") != 0 || !IsWindowVisible(child)) return TRUE;
+            *reinterpret_cast<HWND*>(found) = child;
+            return FALSE;
+        }, reinterpret_cast<LPARAM>(&edit));
     ASSERT_TRUE(edit) << "T-View 2's address bar";
     BringToFront(tessel);
     RECT box{};
