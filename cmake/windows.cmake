@@ -15,7 +15,8 @@ include(${CMAKE_SOURCE_DIR}/res/resources.cmake)
 add_executable(tessel WIN32 ${CMAKE_SOURCE_DIR}/src/frame/main_win.cpp ${TESSEL_RESOURCE_FILE})
 target_link_libraries(tessel PRIVATE tessel_win)
 if(MINGW)
-  target_link_options(tessel PRIVATE -municode)
+  # The shipped executable carries no debug sections; the tests link the same code unstripped.
+  target_link_options(tessel PRIVATE -municode -s)
 endif()
 set_target_properties(tessel PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
