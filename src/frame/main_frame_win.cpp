@@ -16,6 +16,7 @@
 #include "frame/help_win.h"
 #include "frame/options_dialog_win.h"
 #include "frame/translation_editor_win.h"
+#include "frame/window_placement.h"
 #include "win/start_trace_win.h"
 #include "res/resource.h"
 #include "win/shell_item_win.h"
@@ -42,8 +43,7 @@ public:
 RECT StartRectangle() {
     RectI saved{};
     RECT rect{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
-    if (Settings().GetRect(L"Start", L"WinRC", saved) && saved.right - saved.left >= 200 &&
-        saved.bottom - saved.top >= 150) {
+    if (Settings().GetRect(L"Start", L"WinRC", saved) && UsableStartRectangle(saved)) {
         RECT candidate{saved.left, saved.top, saved.right, saved.bottom};
         if (MonitorFromRect(&candidate, MONITOR_DEFAULTTONULL)) return candidate;
     }
@@ -71,7 +71,7 @@ bool CMainFrame::CreateFrame(int showCommand) {
         return false;
     accelerators_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_ACCELERATORS));
     if (MessageLoop* loop = Module().LoopOf(GetCurrentThreadId())) loop->AddFilter(this);
-    ShowWindow(hwnd(), showCommand);
+    ShowWindow(hwnd(), StartShowCommand(showCommand, Settings().GetInt(L"Start", L"WinMax", 0) != 0));
     StartMark("shown");
     UpdateWindow(hwnd());
     StartMark("painted");
@@ -167,6 +167,10 @@ void CMainFrame::SaveViewSettings() {
     if (hwnd() && GetWindowPlacement(hwnd(), &placement)) {
         const RECT& r = placement.rcNormalPosition;
         Settings().PutString(L"Start", L"WinRC", FormatRect({r.left, r.top, r.right, r.bottom}));
+        // A minimised window remembers whether it goes back to maximised.
+        const bool maximized = placement.showCmd == SW_SHOWMAXIMIZED ||
+                               (IsIconic(hwnd()) && (placement.flags & WPF_RESTORETOMAXIMIZED));
+        Settings().PutInt(L"Start", L"WinMax", maximized ? 1 : 0);
     }
 }
 

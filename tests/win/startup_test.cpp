@@ -73,6 +73,29 @@ TEST_F(Startup, PathsGoToTheViewsAndEmptyViewsShowComputer) {
     EXPECT_TRUE(CMyProfStr(exe_).GetRect(L"Start", L"WinRC", placement));
 }
 
+TEST_F(Startup, AWindowMaximizedAtExitComesBackMaximizedWithItsNormalRectangleKept) {
+    RectI normal;
+    {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        ShowWindow(tessel.Frame(), SW_MAXIMIZE);
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    EXPECT_EQ(IniInt(L"WinMax", -1), 1);
+    ASSERT_TRUE(CMyProfStr(exe_).GetRect(L"Start", L"WinRC", normal));
+    {
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        EXPECT_TRUE(IsZoomed(tessel.Frame()));
+        ShowWindow(tessel.Frame(), SW_RESTORE);
+        RECT restored{};
+        GetWindowRect(tessel.Frame(), &restored);
+        EXPECT_EQ(restored.right - restored.left, normal.right - normal.left) << "restoring gives the kept size";
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    EXPECT_EQ(IniInt(L"WinMax", -1), 0);
+}
+
 TEST_F(Startup, InstancesNumberThemselvesAndBothRun) {
     TesselProcess first(exe_, L"");
     ASSERT_TRUE(first.WaitForWindow());
