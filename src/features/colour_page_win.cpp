@@ -234,6 +234,13 @@ bool CFarbenOpt::Command(HWND, int id, int) {
         const int colour = (std::rand() & 127) | ((std::rand() & 127) << 8) | ((std::rand() & 127) << 16);
         AddRow({GetText(79), FormatColourText(colour), L"-1", L"-1", L"-1", L"-1"}, true);
         SaveFromPage();
+        // The new rule comes last; the user names it at once and can move it up past a catch-all.
+        const int row = ListView_GetItemCount(list_) - 1;
+        ListView_SetItemState(list_, -1, 0, LVIS_SELECTED);
+        ListView_SetItemState(list_, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        ListView_EnsureVisible(list_, row, FALSE);
+        SetFocus(list_);
+        ListView_EditLabel(list_, row);
         return true;
     }
     case ID_COLOUR_DELETE:

@@ -44,7 +44,8 @@ TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
     Colours().Load(Settings());
     ASSERT_EQ(Colours().Table().count, 12);
     struct Seen {
-        int rows = -1, afterNew = -1, afterDelete = -1;
+        int rows = -1, afterNew = -1, afterDelete = -1, newSelected = -1;
+        bool naming = false;
         std::wstring newLine, firstAfterDown;
         bool recommendEnabled = true;
     } seen;
@@ -58,6 +59,9 @@ TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
         seen.recommendEnabled = IsWindowEnabled(GetDlgItem(page, ID_COLOUR_RECOMMEND));
         click(ID_COLOUR_NEW);
         seen.afterNew = ListView_GetItemCount(list);
+        seen.newSelected = ListView_GetNextItem(list, -1, LVNI_SELECTED);
+        seen.naming = ListView_GetEditControl(list) != nullptr;
+        SendMessageW(list, LVM_CANCELEDITLABEL, 0, 0);
         seen.newLine = Settings().GetString(L"Filter2", L"12", L"");
         ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
         click(ID_COLOUR_DOWN);
@@ -73,6 +77,8 @@ TEST(OptionsDialog, ColourPageEditsTheRulesInPlace) {
     EXPECT_EQ(seen.rows, 12);
     EXPECT_FALSE(seen.recommendEnabled) << "no page for proposals is set";
     EXPECT_EQ(seen.afterNew, 13);
+    EXPECT_EQ(seen.newSelected, 12) << "the new rule comes last, selected";
+    EXPECT_TRUE(seen.naming) << "and its pattern is being edited";
     EXPECT_EQ(seen.newLine.rfind(GetText(79) + L"=1=", 0), 0u) << std::string(seen.newLine.begin(), seen.newLine.end());
     EXPECT_EQ(seen.newLine.substr(seen.newLine.size() - 12), L"=-1=-1=-1=-1");
     EXPECT_EQ(seen.firstAfterDown.rfind(L"#Hidden=", 0), 0u) << "the first rule moved one place down";
