@@ -267,7 +267,8 @@ void CMyShellBrowser::OnStatusReady(WPARAM job) {
     if (!statusWorker_.TakeResult(job, result)) return;  // of a job left behind
     ++statusRuns_;
     const StatusWords words{GetText(IDS_STATUS_ITEMS), GetText(IDS_STATUS_SELECTED), GetText(IDS_STATUS_FOLDERS),
-                            GetText(IDS_STATUS_FILES), GetText(108)};
+                            GetText(IDS_STATUS_FILES), GetText(108), GetText(IDS_STATUS_ITEM),
+                            GetText(IDS_STATUS_FOLDER), GetText(IDS_STATUS_FILE)};
     statusText_ = FormatStatusText(result.counts, Options().status_selection_type, Options().status_no_selection_type,
                                    words);
     if (!notice_.empty()) statusText_ = notice_ + L" " + statusText_;

@@ -13,6 +13,11 @@ std::wstring Printf(const wchar_t* format, auto... values) {
     return buffer;
 }
 
+// "1 item", "2 items": a count with its word, singular for one when the language has it.
+std::wstring Counted(int count, const std::wstring& plural, const std::wstring& singular) {
+    return Printf(L"%d %ls", count, (count == 1 && !singular.empty() ? singular : plural).c_str());
+}
+
 }  // namespace
 
 std::wstring FormatByteSize(uint64_t bytes) {
@@ -39,9 +44,9 @@ std::wstring FormatStatusText(const ListCounts& c, int selectionType, int noSele
         if (selectionType == 1) return text;
     } else {
         if (noSelectionType == 2 && c.sizesKnown)
-            text = Printf(L"%d %ls, %d %ls", c.folders, w.folders.c_str(), c.files, w.files.c_str());
+            text = Counted(c.folders, w.folders, w.folder) + L", " + Counted(c.files, w.files, w.file);
         else
-            text = Printf(L"%d %ls", c.items, w.items.c_str());
+            text = Counted(c.items, w.items, w.item);
         if (noSelectionType == 1) return text;
     }
     if (c.sizesKnown) text += L" (" + FormatSize(bytes) + L")";

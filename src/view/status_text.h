@@ -16,8 +16,9 @@ struct ListCounts {
     bool sizesKnown = false;  // file-system folders only
 };
 
-struct StatusWords {  // language words
+struct StatusWords {  // language words; the singular ones are used for a count of one
     std::wstring items, selected, folders, files, of;
+    std::wstring item, folder, file;
 };
 
 // Drive sizes, "1.5 KB": bytes below 1,024 as "N Bytes", above with one decimal. The list's

@@ -41,7 +41,7 @@ TEST(StatusText, SizesAndEveryStatusChoice) {
     EXPECT_EQ(FormatByteSize(5ull << 30), L"5.0 GB");
     EXPECT_EQ(FormatByteSize(UINT64_MAX), L"16384.0 PB") << "the largest unit holds any size";
 
-    const StatusWords words{L"items", L"selected", L"folders", L"files", L"of"};
+    const StatusWords words{L"items", L"selected", L"folders", L"files", L"of", L"item", L"folder", L"file"};
     ListCounts counts{120, 0, 20, 100, 2048, 0, true};
     EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"120 items (1.99 KB)");
     EXPECT_EQ(FormatStatusText(counts, 0, 1, words), L"120 items");
@@ -56,6 +56,8 @@ TEST(StatusText, SizesAndEveryStatusChoice) {
     EXPECT_EQ(FormatStatusText(counts, 0, 0, words), L"3 selected");
     counts.selected = 0;
     EXPECT_EQ(FormatStatusText(counts, 0, 2, words), L"120 items");
+    EXPECT_EQ(FormatStatusText({1, 0, 1, 0, 0, 0, true}, 0, 0, words), L"1 item (0 Byte)") << "one takes the singular";
+    EXPECT_EQ(FormatStatusText({2, 0, 1, 1, 0, 0, true}, 0, 2, words), L"1 folder, 1 file (0 Byte)");
     EXPECT_EQ(FormatFreeSpace(3ull << 30, 100ull << 30, L"von", L"gesamt"), L"Frei: 3.0 GB von 100.0 GB gesamt");
 }
 
