@@ -174,6 +174,10 @@ void DrawCommand(Glyph& g, int command) {
         g.Fill(1, 2, 15, 5, kBlue);
         g.Shape({{6, 7}, {11, 10}, {6, 13}}, kGreen);
         break;
+    case ID_TOOLBAR_MORE:  // a chevron: the buttons that have no room
+        g.Shape({{3, 4}, {5, 4}, {9, 8}, {5, 12}, {3, 12}, {7, 8}}, kInk);
+        g.Shape({{8, 4}, {10, 4}, {14, 8}, {10, 12}, {8, 12}, {12, 8}}, kInk);
+        break;
     default:
         g.Box(3, 3, 13, 13, kPaper);
         break;

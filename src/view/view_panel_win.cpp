@@ -283,8 +283,38 @@ void CPloder::HistoryChanged(CMyShellBrowser& browser) {
 }
 
 void CPloder::ShowStatusText(const std::wstring& text) {
+    const int need = StatusTextNeed(text);
+    if (need != statusNeed_) {
+        statusNeed_ = need;
+        PlaceStatusParts();
+    }
     SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
     SendMessageW(statusBar_, SB_SETTIPTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+// The width the status text needs, in steps of a few characters so that a changing count does
+// not move the toolbars at every selection change.
+int CPloder::StatusTextNeed(const std::wstring& text) const {
+    const int step = win::Scaled(hwnd(), 24);
+    SIZE extent{};
+    if (HDC dc = GetDC(statusBar_)) {
+        HFONT font = reinterpret_cast<HFONT>(SendMessageW(statusBar_, WM_GETFONT, 0, 0));
+        HGDIOBJ old = SelectObject(dc, font ? font : GetStockObject(DEFAULT_GUI_FONT));
+        GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &extent);
+        SelectObject(dc, old);
+        ReleaseDC(statusBar_, dc);
+    }
+    const int need = extent.cx + win::Scaled(hwnd(), 12);  // the part's borders and margins
+    return std::max(win::Scaled(hwnd(), 90), (need + step - 1) / step * step);
+}
+
+// The status text gets the room it needs first; the toolbars take the rest.
+void CPloder::PlaceStatusParts() {
+    RECT bar{};
+    GetClientRect(statusBar_, &bar);
+    const int toolbarWidth = toolbars_.Place(statusBar_, std::max(statusNeed_, win::Scaled(hwnd(), 90)));
+    int parts[2] = {std::max<int>(0, bar.right - toolbarWidth), -1};
+    SendMessageW(statusBar_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
 }
 
 void CPloder::BrowserStatus(CMyShellBrowser& browser, const std::wstring& text) {
@@ -381,9 +411,7 @@ void CPloder::Layout() {
     const int barHeight = toolbars_.Height() + win::Scaled(hwnd(), 4);
     SendMessageW(statusBar_, SB_SETMINHEIGHT, barHeight, 0);
     SetWindowPos(statusBar_, nullptr, 0, client.bottom - barHeight, client.right, barHeight, SWP_NOZORDER);
-    const int toolbarWidth = toolbars_.Place(statusBar_, win::Scaled(hwnd(), 90));
-    int parts[2] = {client.right - toolbarWidth > 0 ? client.right - toolbarWidth : 0, -1};
-    SendMessageW(statusBar_, SB_SETPARTS, 2, reinterpret_cast<LPARAM>(parts));
+    PlaceStatusParts();
     int top = 0;
     // The address bar takes the location line's place; without any bar the view gets the room.
     const bool locationLine = !addressBar_ && Options().address_bar_mod == 1;
@@ -430,6 +458,32 @@ void CPloder::Layout() {
                      std::max<int>(0, bottom - top), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+bool CPloder::ShowToolbarMenu(int command, POINT at) {
+    if (command == ID_VIEW_MODES) {
+        if (active_) active_->ShowViewModeMenu(at);
+    } else if (command == ID_VIEW_BACK || command == ID_VIEW_FORWARD) {
+        if (active_) active_->ShowHistoryMenu(command == ID_VIEW_FORWARD, at);
+    } else if (command == ID_TRANSFER || command == ID_COPY_TO_VIEW || command == ID_MOVE_TO_VIEW) {
+        ShowTransferMenu(command, at);
+    } else if (command == ID_QUICK_LINKS_MENU || command == ID_PROGRAMS_MENU) {
+        ShowUserMenu(command, at);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// A button chosen from the chevron acts as a click on it: a menu button opens its menu there.
+void CPloder::ShowHiddenButtons() {
+    const int command = toolbars_.TrackHiddenMenu(hwnd());
+    if (!command) return;
+    RECT chevron{};
+    GetWindowRect(toolbars_.Chevron(), &chevron);
+    const bool menuButton = command != ID_VIEW_BACK && command != ID_VIEW_FORWARD;
+    if (!menuButton || !ShowToolbarMenu(command, {chevron.left, chevron.bottom}))
+        SendMessageW(hwnd(), WM_COMMAND, MAKEWPARAM(command, BN_CLICKED), 0);
+}
+
 LRESULT CPloder::OnNotify(NMHDR* header) {
     if (tabs_ && tabs_->OnNotify(header)) return 0;
     if (LRESULT result = 0; folderTree_.OnNotify(header, result)) return result;
@@ -447,12 +501,7 @@ LRESULT CPloder::OnNotify(NMHDR* header) {
         SendMessageW(header->hwndFrom, TB_GETRECT, drop->iItem, reinterpret_cast<LPARAM>(&button));
         POINT at{button.left, button.bottom};
         ClientToScreen(header->hwndFrom, &at);
-        if (active_ && drop->iItem == ID_VIEW_MODES) active_->ShowViewModeMenu(at);
-        if (active_ && (drop->iItem == ID_VIEW_BACK || drop->iItem == ID_VIEW_FORWARD))
-            active_->ShowHistoryMenu(drop->iItem == ID_VIEW_FORWARD, at);
-        if (drop->iItem == ID_TRANSFER || drop->iItem == ID_COPY_TO_VIEW || drop->iItem == ID_MOVE_TO_VIEW)
-            ShowTransferMenu(drop->iItem, at);
-        if (drop->iItem == ID_QUICK_LINKS_MENU || drop->iItem == ID_PROGRAMS_MENU) ShowUserMenu(drop->iItem, at);
+        ShowToolbarMenu(drop->iItem, at);
         return TBDDRET_DEFAULT;
     }
     return 0;
@@ -469,6 +518,10 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (reinterpret_cast<HWND>(lParam) == filterBox_ && HIWORD(wParam) == EN_CHANGE) OnFilterBoxChanged();
         if (reinterpret_cast<HWND>(lParam) == filterBox_ && HIWORD(wParam) == EN_SETFOCUS) OnFilterBoxFocused();
         if (lParam && HIWORD(wParam) != BN_CLICKED) break;  // notifications of the filter box
+        if (LOWORD(wParam) == ID_TOOLBAR_MORE) {
+            ShowHiddenButtons();
+            return 0;
+        }
         if (active_) active_->Execute(LOWORD(wParam));
         return 0;
     case WM_NOTIFY:

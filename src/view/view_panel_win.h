@@ -121,6 +121,10 @@ public:
     void ShowTransferMenu(UINT kind, POINT screenPoint);
     // The quick-links (ID_QUICK_LINKS_MENU) and programs (ID_PROGRAMS_MENU) menus.
     void ShowUserMenu(UINT command, POINT screenPoint);
+    // The menu behind a toolbar button's arrow (view modes, history, transfer, the user's lists);
+    // false for a button without one.
+    bool ShowToolbarMenu(int command, POINT screenPoint);
+    void ShowHiddenButtons();  // the chevron: the buttons that have no room
     void RunUserMenuCommand(UINT command);
     void RefreshUserMenuButtons();
 
@@ -140,6 +144,8 @@ private:
     void OnFilterBoxChanged();
     void OnFilterBoxFocused();
     void Layout();
+    int StatusTextNeed(const std::wstring& text) const;
+    void PlaceStatusParts();
     LRESULT OnNotify(NMHDR* header);
     bool MeasureUserMenuItem(MEASUREITEMSTRUCT* item);
     bool DrawUserMenuItem(DRAWITEMSTRUCT* item);
@@ -163,6 +169,7 @@ private:
     HWND filterLabel_ = nullptr;  // second static: the filter box's label
     HWND treeEdge_ = nullptr;     // third static: the edge between tree and list
     HWND statusBar_ = nullptr;
+    int statusNeed_ = 0;  // what the status text needs of the status bar's width
     ViewToolbars toolbars_;
     StatusHighlight statusHighlight_;
     std::unique_ptr<CCBrowserTabView> tabs_;

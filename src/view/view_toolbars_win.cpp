@@ -2,8 +2,11 @@
 
 #include <utility>
 
+#include "core/language_packs_win.h"
 #include "res/resource.h"
+#include "view/toolbar_fit.h"
 #include "view/toolbar_images_win.h"
+#include "win/handles_win.h"
 #include "win/window_win.h"
 
 namespace tessel {
@@ -52,8 +55,7 @@ ViewToolbars::~ViewToolbars() {
         if (images) ImageList_Destroy(images);
 }
 
-void ViewToolbars::Make(HWND panel, HWND statusBar, int index, int resourceId) {
-    const std::vector<int> commands = LoadToolbarCommands(resourceId);
+void ViewToolbars::Make(HWND panel, HWND statusBar, int index, int resourceId, const std::vector<int>& commands) {
     HWND bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
                                WS_CHILD | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NORESIZE | CCS_NODIVIDER |
                                    CCS_NOPARENTALIGN,
@@ -82,9 +84,10 @@ void ViewToolbars::Make(HWND panel, HWND statusBar, int index, int resourceId) {
 }
 
 void ViewToolbars::Create(HWND panel, HWND statusBar) {
-    Make(panel, statusBar, 0, IDR_TOOLBAR_VIEW);
-    Make(panel, statusBar, 1, IDR_TOOLBAR_EXTRA);
-    Make(panel, statusBar, 2, IDR_TOOLBAR_MODES);
+    Make(panel, statusBar, 0, IDR_TOOLBAR_VIEW, LoadToolbarCommands(IDR_TOOLBAR_VIEW));
+    Make(panel, statusBar, 1, IDR_TOOLBAR_EXTRA, LoadToolbarCommands(IDR_TOOLBAR_EXTRA));
+    Make(panel, statusBar, 2, IDR_TOOLBAR_MODES, LoadToolbarCommands(IDR_TOOLBAR_MODES));
+    Make(panel, statusBar, 3, ID_TOOLBAR_MORE, {ID_TOOLBAR_MORE});
     if (bars_[0]) {
         const LRESULT index = SendMessageW(bars_[0], TB_COMMANDTOINDEX, ID_VIEW_FOLDER_SIZES, 0);
         if (index >= 0) SendMessageW(bars_[0], TB_DELETEBUTTON, index, 0);
@@ -138,65 +141,113 @@ int ViewToolbars::Height() const {
     return HIWORD(size);
 }
 
+bool ViewToolbars::UserWants(int command) const {
+    return (command != ID_QUICK_LINKS_MENU || quickLinksWanted_) && (command != ID_PROGRAMS_MENU || programsWanted_);
+}
+
 void ViewToolbars::ShowMainButtons(int from, bool visible) {
     HWND bar = bars_[0];
     const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
     for (int i = from; i < count; ++i) {
         TBBUTTON button{};
         if (!SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button))) continue;
-        const bool show = visible && (button.idCommand != ID_QUICK_LINKS_MENU || quickLinksWanted_) &&
-                          (button.idCommand != ID_PROGRAMS_MENU || programsWanted_);
+        const bool show = visible && UserWants(button.idCommand);
         SendMessageW(bar, TB_SETSTATE, button.idCommand, show ? button.fsState & ~TBSTATE_HIDDEN : button.fsState | TBSTATE_HIDDEN);
     }
     mainHidden_ = !visible && from < count;
 }
 
-// The main toolbar gives up its last buttons while it is wider than `room`, so that the first
-// ones (back, forward, up) are never cut off; they come back when there is room. Its width.
-int ViewToolbars::FitMainBar(int room) {
-    HWND bar = bars_[0];
-    const int count = static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0));
+namespace {
+
+int BarWidth(HWND bar) {
     SIZE size{};
-    SendMessageW(bar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
-    if (size.cx <= room) return size.cx;
-    int last = count - 1;  // the last button that still fits
-    for (RECT item{}; last > 0; --last)
-        if (SendMessageW(bar, TB_GETITEMRECT, last, reinterpret_cast<LPARAM>(&item)) && item.right <= room) break;
-    for (TBBUTTON button{}; last > 0; --last)  // no separator at the end
-        if (!SendMessageW(bar, TB_GETBUTTON, last, reinterpret_cast<LPARAM>(&button)) || !(button.fsStyle & BTNS_SEP)) break;
-    ShowMainButtons(last + 1, false);
     SendMessageW(bar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
     return size.cx;
 }
+
+}  // namespace
 
 int ViewToolbars::Place(HWND statusBar, int textWidth) {
     RECT bar;
     GetClientRect(statusBar, &bar);
     if (mainHidden_ && bars_[0]) ShowMainButtons(0, true);  // measured whole, then fitted again
-    SIZE sizes[3] = {};
-    int total = 0;
-    bool shown[3] = {};
-    for (int i = 0; i < 3; ++i) {
-        if (!bars_[i] || !wanted_[i]) continue;
-        SendMessageW(bars_[i], TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&sizes[i]));
-        shown[i] = true;
-        total += sizes[i].cx;
+    ToolbarWidths widths;
+    const int count = bars_[0] ? static_cast<int>(SendMessageW(bars_[0], TB_BUTTONCOUNT, 0, 0)) : 0;
+    for (int i = 0; i < count; ++i) {
+        TBBUTTON button{};
+        RECT item{};
+        SendMessageW(bars_[0], TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
+        const bool hidden = button.fsState & TBSTATE_HIDDEN;
+        widths.main.push_back(!hidden && SendMessageW(bars_[0], TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&item))
+                                  ? item.right - item.left : 0);
+        widths.separators.push_back((button.fsStyle & BTNS_SEP) != 0);
     }
-    if (shown[2] && bar.right - 2 - total < textWidth) {  // the main toolbar always stays
-        shown[2] = false;
-        total -= sizes[2].cx;
-    }
-    if (shown[0]) sizes[0].cx = FitMainBar(bar.right - 2 - textWidth - (total - sizes[0].cx));
+    widths.extra = bars_[1] && wanted_[1] ? BarWidth(bars_[1]) : 0;
+    widths.modes = bars_[2] && wanted_[2] ? BarWidth(bars_[2]) : 0;
+    widths.chevron = bars_[3] ? BarWidth(bars_[3]) : 0;
+    const ToolbarFit fit = FitToolbars(widths, bar.right - 2, textWidth);
+    mainShown_ = fit.mainShown;
+    if (fit.mainShown < count) ShowMainButtons(fit.mainShown, false);
+    const bool shown[4] = {bars_[0] != nullptr, fit.extraShown, fit.modesShown, fit.chevron};
     int right = bar.right - 2;
-    for (int i = 2; i >= 0; --i) {
+    for (int i = 3; i >= 0; --i) {
+        shown_[i] = bars_[i] && shown[i];
         if (!bars_[i]) continue;
-        ShowWindow(bars_[i], shown[i] ? SW_SHOWNA : SW_HIDE);
-        if (!shown[i]) continue;
-        right -= sizes[i].cx;
-        const int top = (bar.bottom - sizes[i].cy) / 2 + 1;
-        SetWindowPos(bars_[i], nullptr, right, top > 0 ? top : 0, sizes[i].cx, sizes[i].cy, SWP_NOZORDER | SWP_NOACTIVATE);
+        ShowWindow(bars_[i], shown_[i] ? SW_SHOWNA : SW_HIDE);
+        if (!shown_[i]) continue;
+        SIZE size{};
+        SendMessageW(bars_[i], TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
+        right -= size.cx;
+        const int top = (bar.bottom - size.cy) / 2 + 1;
+        SetWindowPos(bars_[i], nullptr, right, top > 0 ? top : 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     }
     return bar.right - right;
+}
+
+std::vector<int> ViewToolbars::HiddenCommands() const {
+    std::vector<int> commands;
+    const auto add = [&](HWND bar, int from) {
+        const int count = bar ? static_cast<int>(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0)) : 0;
+        for (int i = from; i < count; ++i) {
+            TBBUTTON button{};
+            if (SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button)) && !(button.fsStyle & BTNS_SEP) &&
+                UserWants(button.idCommand))
+                commands.push_back(button.idCommand);
+        }
+    };
+    if (mainHidden_) add(bars_[0], mainShown_);
+    for (int i : {1, 2})
+        if (wanted_[i] && !shown_[i]) add(bars_[i], 0);
+    return commands;
+}
+
+int ViewToolbars::TrackHiddenMenu(HWND owner) const {
+    const std::vector<int> commands = HiddenCommands();
+    if (commands.empty() || !bars_[3]) return 0;
+    win::UniqueMenu menu(CreatePopupMenu());
+    for (int command : commands) {
+        std::wstring text = GetText(command);
+        text = text.substr(0, text.find(L'\n'));  // a tip's first line names the button
+        const bool enabled = !bars_[0] || SendMessageW(bars_[0], TB_COMMANDTOINDEX, command, 0) < 0 ||
+                             SendMessageW(bars_[0], TB_ISBUTTONENABLED, command, 0);
+        AppendMenuW(menu.get(), MF_STRING | (enabled ? 0 : MF_GRAYED), static_cast<UINT_PTR>(command), text.c_str());
+    }
+    RECT button{};
+    GetWindowRect(bars_[3], &button);
+    return static_cast<int>(TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_RIGHTALIGN,
+                                           button.right, button.bottom, 0, owner, nullptr));
+}
+
+HWND ViewToolbars::BarOf(int command) const {
+    for (int i = 0; i < 3; ++i) {
+        if (!bars_[i] || !shown_[i]) continue;
+        const LRESULT index = SendMessageW(bars_[i], TB_COMMANDTOINDEX, command, 0);
+        TBBUTTON button{};
+        if (index >= 0 && SendMessageW(bars_[i], TB_GETBUTTON, index, reinterpret_cast<LPARAM>(&button)) &&
+            !(button.fsState & TBSTATE_HIDDEN))
+            return bars_[i];
+    }
+    return nullptr;
 }
 
 }  // namespace tessel

@@ -21,10 +21,16 @@ public:
     ViewToolbars& operator=(const ViewToolbars&) = delete;
 
     void Create(HWND panel, HWND statusBar);
-    // Places the toolbars at the right end of the status bar and returns their width. When the
-    // status text would get less than `textWidth`, the view-mode toolbar steps aside until there
-    // is room again; the main toolbar always stays, giving up its last buttons when too wide.
+    // Places the toolbars at the right end of the status bar and returns their width. The status
+    // text keeps `textWidth`; what does not fit beside it goes behind the chevron button.
     int Place(HWND statusBar, int textWidth);
+    // The commands behind the chevron, in the order of their bars.
+    std::vector<int> HiddenCommands() const;
+    HWND Chevron() const { return bars_[3]; }
+    // The chevron's menu of the hidden buttons, below it; the chosen command or 0.
+    int TrackHiddenMenu(HWND owner) const;
+    // The bar that shows `command`, or null when it is behind the chevron.
+    HWND BarOf(int command) const;
     int Height() const;
     void EnableHistory(bool back, bool forward);
     // The quick-links and programs buttons, hidden while their list is switched off.
@@ -37,12 +43,15 @@ public:
     bool OnNotify(NMHDR* header, LRESULT& result) { return choice_.OnNotify(header, result); }
 
 private:
-    void Make(HWND panel, HWND statusBar, int index, int resourceId);  // bars_[index], images_[index]
-    int FitMainBar(int room);
+    // bars_[index], images_[index]; `resourceId` names the pictures' drawing
+    void Make(HWND panel, HWND statusBar, int index, int resourceId, const std::vector<int>& commands);
     void ShowMainButtons(int from, bool visible);  // the main toolbar's buttons from index `from` on
-    HWND bars_[3] = {};
-    bool wanted_[3] = {true, false, true};  // the extra toolbar starts hidden
-    HIMAGELIST images_[3] = {};
+    bool UserWants(int command) const;
+    HWND bars_[4] = {};  // main, extra, view modes, chevron
+    bool wanted_[4] = {true, false, true, false};  // the extra toolbar starts hidden
+    bool shown_[4] = {};
+    HIMAGELIST images_[4] = {};
+    int mainShown_ = 0;  // leading buttons of the main toolbar that have room
     bool mainHidden_ = false;  // buttons of the main toolbar are hidden for want of room
     bool quickLinksWanted_ = true;  // the user's lists are not switched off
     bool programsWanted_ = true;

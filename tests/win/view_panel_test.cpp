@@ -1,5 +1,6 @@
 // The T-View panel: its children, its toolbars, the browser slots with their limit, the
 // background menu's title, and the column memory streams of its browser views.
+#include <algorithm>
 #include <windows.h>
 #include <commctrl.h>
 
@@ -78,9 +79,29 @@ TEST(ViewPanel, ChildrenToolbarsAndSettings) {
     POINT left{bar.left, bar.top};
     ScreenToClient(panel.StatusBar(), &left);
     EXPECT_GE(left.x, 60) << "the status text keeps its room";
-    SetWindowPos(panel.hwnd(), nullptr, 0, 0, 1000, 400, SWP_NOZORDER | SWP_NOMOVE);
+    EXPECT_TRUE(IsWindowVisible(bars.Chevron()));
+    const std::vector<int> behind = bars.HiddenCommands();
+    for (int command : {ID_MOVE_TO_VIEW, ID_VIEW_MODES, ID_VIEW_FILTER_TOGGLE})
+        EXPECT_NE(std::find(behind.begin(), behind.end(), command), behind.end()) << command << " is behind the chevron";
+    EXPECT_EQ(std::find(behind.begin(), behind.end(), ID_VIEW_BACK), behind.end());
+    // A long status text takes the room it needs from the toolbars.
+    SetWindowPos(panel.hwnd(), nullptr, 0, 0, 500, 400, SWP_NOZORDER | SWP_NOMOVE);
+    const std::wstring text = L"12345 items (186 MB), 12 folders, 12333 files";
+    panel.BrowserStatus(*panel.Active(), text);
+    RECT part{};
+    SendMessageW(panel.StatusBar(), SB_GETRECT, 0, reinterpret_cast<LPARAM>(&part));
+    SIZE extent{};
+    HDC dc = GetDC(panel.StatusBar());
+    HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(panel.StatusBar(), WM_GETFONT, 0, 0)));
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &extent);
+    SelectObject(dc, old);
+    ReleaseDC(panel.StatusBar(), dc);
+    EXPECT_GT(part.right - part.left, extent.cx) << "the whole text shows";
+    SetWindowPos(panel.hwnd(), nullptr, 0, 0, 1400, 400, SWP_NOZORDER | SWP_NOMOVE);
     EXPECT_TRUE(IsWindowVisible(bars.Modes()));
     EXPECT_FALSE(hidden(ID_MOVE_TO_VIEW));
+    EXPECT_FALSE(IsWindowVisible(bars.Chevron()));
+    EXPECT_TRUE(bars.HiddenCommands().empty());
 
     // The filter toggle is written to the panel's section at once.
     SendMessageW(panel.hwnd(), WM_COMMAND, ID_VIEW_FILTER_TOGGLE, 0);
