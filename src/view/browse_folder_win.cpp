@@ -247,6 +247,7 @@ bool CMyShellBrowser::SwapInView(win::ComPtr<IShellFolder> folder, FOLDERSETTING
     RECT client;
     GetClientRect(hwnd(), &client);
     HWND window = nullptr;
+    columnsRemembered_ = false;
     if (FAILED(view->CreateViewWindow(view_.get(), &settings, this, &client, &window)) || !window) {
         statusText_ = GetText(134) + L": " + win::LocationNameOf(target_.get());
         owner_.BrowserStatus(*this, statusText_);
@@ -337,6 +338,10 @@ void CMyShellBrowser::AfterViewCreated() {
     RegisterChangeNotify();
     StartDirectoryWatch();
     StartFolderSizes();
+    if (!columnsRemembered_) {
+        columnFitTries_ = 40;
+        SetTimer(hwnd(), kTimerFitColumns, 1, nullptr);
+    }
     statusRequested_ = true;
     SetTimer(hwnd(), kTimerTick, 5, nullptr);
 }

@@ -5,6 +5,7 @@
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "res/resource.h"
+#include "view/column_fit_win.h"
 #include "view/status_text.h"
 #include "win/shell_item_win.h"
 #include "win/subclass_win.h"
@@ -166,6 +167,7 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
         return 0;
     case kMsgFolderSizes:
         OnFolderSizes();
+        if (sizeColumn_ >= 0) FitColumnsToContent(subclassedList_, true, sizeColumn_);
         return 0;
     case kMsgOpenDroppedFolder:
         if (droppedFolder_) NavigateTo(std::move(droppedFolder_), false, true);
@@ -206,6 +208,10 @@ LRESULT CMyShellBrowser::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
 void CMyShellBrowser::OnTimer(UINT_PTR id) {
     KillTimer(hwnd(), id);
     switch (id) {
+    case kTimerFitColumns:
+        if (!FitColumnsToContent(GetListControl(), false) && --columnFitTries_ > 0)
+            SetTimer(hwnd(), kTimerFitColumns, 50, nullptr);  // the view lists in the background
+        break;
     case kTimerTick:
         ++tickCount_;
         if (statusRequested_ && IsWindowVisible(hwnd()) &&

@@ -74,8 +74,9 @@ inline constexpr UINT kMsgOpenDroppedFolder = WM_APP + 0x123;  // a tab was drop
 inline constexpr UINT kMsgStatusReady = WM_APP + 0x120;
 inline constexpr UINT kMsgFolderSizes = WM_APP + 0x122;  // sizes are in the cache; wParam 1: all
 inline constexpr UINT_PTR kTimerFolderSizes = 10012;  // a change in the folder: measure again once it settles
-inline constexpr UINT_PTR kTimerSizeCells = 10013;
-inline constexpr UINT_PTR kTimerFollowDisk = 10014;  // outside changes settled: list the folder again        // the next few size cells to draw
+inline constexpr UINT_PTR kTimerSizeCells = 10013;  // the next few size cells to draw
+inline constexpr UINT_PTR kTimerFollowDisk = 10014;  // outside changes settled: list the folder again
+inline constexpr UINT_PTR kTimerFitColumns = 10015;  // columns no memory sized: fit them once rows are listed
 inline constexpr int kSizeCellsPerPaint = 1;
 inline constexpr UINT kSizeCellsPause = 20;  // ms
 
@@ -341,6 +342,8 @@ private:
     StatusWorker statusWorker_;
     FolderSizeWorker sizeWorker_;
     int sizeColumn_ = -1;
+    bool columnsRemembered_ = false;  // the view read its columns from a memory or the history
+    int columnFitTries_ = 0;
     std::set<std::wstring> sizesShown_;  // rows whose measured size was drawn
     std::set<std::wstring> sizesChanged_;  // listed folders to measure again
     bool sizesAllChanged_ = false;

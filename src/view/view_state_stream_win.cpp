@@ -122,6 +122,7 @@ STDMETHODIMP CMyShellBrowser::GetViewStateStream(DWORD mode, IStream** stream) {
         }
     }
     if (!result) return E_FAIL;
+    if (!write) columnsRemembered_ = true;
     *stream = result.get();
     (*stream)->AddRef();
     return S_OK;

@@ -185,6 +185,36 @@ TEST_F(BrowserView, ALongListingSaysSoWhileItRuns) {
     ASSERT_TRUE(PumpUntil([&] { return browser.StatusText().find(L"300") != std::wstring::npos; }));
 }
 
+// Without a column memory the columns take the width of what they show, dates included.
+TEST_F(BrowserView, ColumnsNoMemorySizesFitTheirTexts) {
+    ASSERT_TRUE(Go(files_.path()));
+    HWND list = host_.Browser().GetListControl();
+    ASSERT_TRUE(list);
+    const int columns = Header_GetItemCount(ListView_GetHeader(list));
+    ASSERT_GE(columns, 3);
+    const auto cut = [&] {
+        HDC dc = GetDC(list);
+        HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
+        std::wstring first;
+        for (int column = 1; column < columns && first.empty(); ++column)
+            for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+                wchar_t text[260] = {};
+                ListView_GetItemText(list, row, column, text, 260);
+                SIZE extent{};
+                GetTextExtentPoint32W(dc, text, lstrlenW(text), &extent);
+                if (extent.cx + 8 > ListView_GetColumnWidth(list, column)) first = text;
+            }
+        SelectObject(dc, old);
+        ReleaseDC(list, dc);
+        return first;
+    };
+    ListView_SetColumnWidth(list, 3, 20);  // as a narrow default would leave the date
+    ASSERT_FALSE(cut().empty());
+    ASSERT_TRUE(Go(files_ / L"sub"));
+    list = host_.Browser().GetListControl();
+    EXPECT_TRUE(PumpUntil([&] { return cut().empty(); }, 3000)) << "cut: " << std::string(cut().begin(), cut().end());
+}
+
 TEST_F(BrowserView, SortColumnAndDirectionSurviveFilteringAndRefreshes) {
     ASSERT_TRUE(Go(files_.path()));
     CMyShellBrowser& browser = host_.Browser();
