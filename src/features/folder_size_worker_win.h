@@ -27,6 +27,7 @@ public:
 
     // The sizes found, read by the list's drawing.
     FolderSizeCache& Cache() { return *cache_; }
+    const FolderSizeCache& Cache() const { return *cache_; }
     // Measures every sub-folder of `folder` (sub-folders within when `recurse`), or only the ones
     // named in `only`; a running walk is stopped first. `message` is posted to `notify` as sizes
     // arrive and when all are done (wParam 1 then).

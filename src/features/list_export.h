@@ -14,6 +14,7 @@ struct ExportTable {
     std::vector<std::wstring> captions;
     std::vector<int> widths;  // pixels, one per caption
     std::vector<std::vector<std::wstring>> rows;
+    std::vector<int> columns;  // the list's column index of each caption, when read from a list
 };
 
 // The type for a remembered "ExportIndex" (1 to 5, anything else is text).

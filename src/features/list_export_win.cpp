@@ -49,6 +49,7 @@ std::vector<int> ShownOrder(HWND list, ExportTable& table) {
         SendMessageW(header, HDM_GETITEMW, column, reinterpret_cast<LPARAM>(&item));
         table.captions.emplace_back(caption);
         table.widths.push_back(item.cxy);
+        table.columns.push_back(column);
     }
     return order;
 }

@@ -137,9 +137,25 @@ void CMyShellBrowser::AnswerSizeText(NMLVDISPINFOW* info) {
     if (sizeColumn_ < 0 || item.iSubItem != sizeColumn_ || !(item.mask & LVIF_TEXT) || !item.pszText ||
         item.cchTextMax <= 0)
         return;
-    static const std::wstring separator = ThousandsSeparator();
-    const std::wstring size = sizeWorker_.Cache().Text(UpperNameOf(item.iItem), FolderSizeOptions(), separator);
+    const std::wstring size = SizeTextOf(item.iItem);
     if (!size.empty()) lstrcpynW(item.pszText, size.c_str(), item.cchTextMax);
+}
+
+std::wstring CMyShellBrowser::SizeTextOf(int row) const {
+    static const std::wstring separator = ThousandsSeparator();
+    return sizeWorker_.Cache().Text(UpperNameOf(row), FolderSizeOptions(), separator);
+}
+
+// Folder sizes live in the view's cache, not in the folder's columns: the list's table takes them
+// from there, so that export and print show what the list shows.
+void CMyShellBrowser::PutFolderSizes(ExportTable& table) const {
+    if (sizeColumn_ < 0) return;
+    for (size_t shown = 0; shown < table.columns.size(); ++shown) {
+        if (table.columns[shown] != sizeColumn_) continue;
+        for (size_t row = 0; row < table.rows.size(); ++row)
+            if (std::wstring size = SizeTextOf(static_cast<int>(row)); !size.empty() && shown < table.rows[row].size())
+                table.rows[row][shown] = std::move(size);
+    }
 }
 
 }  // namespace tessel

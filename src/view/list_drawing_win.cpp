@@ -109,7 +109,10 @@ LRESULT CMyShellBrowser::ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM
 
 ExportTable CMyShellBrowser::ListTable() const {
     HWND list = GetListControl();
-    return list ? GatherFolderList(list, folderView_.get(), shownFolder_.get()) : ExportTable{};
+    if (!list) return {};
+    ExportTable table = GatherFolderList(list, folderView_.get(), shownFolder_.get());
+    PutFolderSizes(table);
+    return table;
 }
 
 void CMyShellBrowser::SetInUseColours(bool inUse) {

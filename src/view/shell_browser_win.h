@@ -247,6 +247,8 @@ private:
     void MeasureChangedSizes();
     void OnFolderSizes();
     void AnswerSizeText(NMLVDISPINFOW* info);
+    std::wstring SizeTextOf(int row) const;  // the measured size of a folder's row, or ""
+    void PutFolderSizes(ExportTable& table) const;
     std::wstring UpperNameOf(int row) const;  // the row's file name, upper-cased
 
     // Context menus, keyboard and the clipboard of the list.

@@ -1,5 +1,6 @@
 // The colour rules and the view filter in a real T-View: colours read back through the item
 // query the list's drawing uses, backgrounds of the T-View in use, and the filter box.
+#include <algorithm>
 #include <windows.h>
 #include <commctrl.h>
 
@@ -243,6 +244,19 @@ TEST(FolderSizes, MeasuredFoldersShowInTheSizeColumn) {
     EXPECT_EQ(emptyText, L"0  0 %  0 / 0");
     EXPECT_NE(CellText(list, RowOf(browser, L"loose.txt"), 1), L"") << "files keep the view's own size";
     EXPECT_EQ(browser.FoldersMeasured(), 2);
+    // What the list shows is what export and print get.
+    const ExportTable table = browser.ListTable();
+    const auto shown = std::find(table.columns.begin(), table.columns.end(), 1);
+    ASSERT_NE(shown, table.columns.end());
+    EXPECT_EQ(table.rows[static_cast<size_t>(big)][static_cast<size_t>(shown - table.columns.begin())], bigText);
+    // And the column is wide enough to show it whole.
+    HDC dc = GetDC(list);
+    HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
+    SIZE extent{};
+    GetTextExtentPoint32W(dc, bigText.c_str(), static_cast<int>(bigText.size()), &extent);
+    SelectObject(dc, old);
+    ReleaseDC(list, dc);
+    EXPECT_GT(ListView_GetColumnWidth(list, 1), extent.cx);
 
     // A folder made from outside is measured on its own; the others keep their sizes.
     CreateDirectoryW((files / L"late").c_str(), nullptr);
