@@ -66,6 +66,7 @@ int* OptionField(GeneralOptions& options, std::wstring_view key) {
     if (key == L"tabs_hover_time") return &options.tabs_hover_time;
     if (key == L"tree_hover_time") return &options.tree_hover_time;
     if (key == L"tray_icon") return &options.tray_icon;
+    if (key == L"show_hidden") return &options.show_hidden;
     return nullptr;
 }
 
@@ -88,6 +89,7 @@ void LoadGeneralOptions(ISettingsStore& store, GeneralOptions& options) {
     ReadOption(lines, L"tabs_hover_time", options.tabs_hover_time);
     ReadOption(lines, L"tree_hover_time", options.tree_hover_time);
     ReadOption(lines, L"tray_icon", options.tray_icon);
+    ReadOption(lines, L"show_hidden", options.show_hidden);
 }
 
 bool WriteOption(ISettingsStore& store, std::wstring_view key, int value) {

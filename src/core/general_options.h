@@ -58,6 +58,7 @@ struct GeneralOptions {
     int tabs_hover_time = 0;
     int tree_hover_time = 0;
     int tray_icon = 0;  // minimised, the window waits in the notification area
+    int show_hidden = 0;  // the lists show hidden files and folders
 };
 
 struct OptionEntry {

@@ -202,6 +202,7 @@ void CMainFrame::OnInitMenuPopup(HMENU menu) {
     CheckMenuItem(menu, ID_VIEW_STATUS_BAR, Options().StatusBar ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_OPTIONS_CLOSE_ASK, Options().close_ask ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_VIEW_FOLDER_SIZES, FolderSizeOptions().fld_size ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(menu, ID_VIEW_HIDDEN_FILES, Options().show_hidden ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_VIEW_MAGNIFIER, magnifier_ ? MF_CHECKED : MF_UNCHECKED);
     CheckMenuItem(menu, ID_VIEW_PREVIEW, PreviewShown() ? MF_CHECKED : MF_UNCHECKED);
     // Every start mode but the last state starts the same way: the menu offers the two.
@@ -330,6 +331,11 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         FolderSizeOptions().fld_size = FolderSizeOptions().fld_size ? 0 : 1;
         Settings().PutInt(L"X-Size", L"fld_size", FolderSizeOptions().fld_size);
         for (auto& panel : panels_) panel->Refresh();
+        break;
+    case ID_VIEW_HIDDEN_FILES:
+        Options().show_hidden = Options().show_hidden ? 0 : 1;
+        WriteOption(Settings(), L"show_hidden", Options().show_hidden);
+        for (auto& panel : panels_) panel->HiddenFilesChanged();
         break;
     case ID_VIEW_STATUS_BAR:
         Options().StatusBar = !Options().StatusBar;

@@ -33,9 +33,15 @@ IShellFolder* CMyShellBrowser::ListedFolder() const {
 // The view asks for every item while it lists the folder; S_FALSE leaves the item out.
 STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD item) {
     if (listing_.Step(&win::NowMs)) ShowListingProgress();
-    const ViewFilter* filter = owner_.Filter();
     IShellFolder* folder = ListedFolder();
-    if (!filter || !filter->Acts() || !folder || !item) return S_OK;
+    if (!folder || !item) return S_OK;
+    if (!Options().show_hidden) {
+        SFGAOF hidden = SFGAO_HIDDEN;
+        PCUITEMID_CHILD items[] = {item};
+        if (SUCCEEDED(folder->GetAttributesOf(1, items, &hidden)) && (hidden & SFGAO_HIDDEN)) return S_FALSE;
+    }
+    const ViewFilter* filter = owner_.Filter();
+    if (!filter || !filter->Acts()) return S_OK;
     bool isFolder = false;
     if (!filter->switches.by_dir_filter) {
         SFGAOF attributes = SFGAO_FOLDER;
@@ -52,6 +58,19 @@ STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD item) {
     wchar_t* first = name + (own.data() - name);
     FoldLowerWin(first, own.size());
     return FilterShows(filter->switches, filter->tokens, {first, own.size()}, isFolder) ? S_OK : S_FALSE;
+}
+
+// Where the view asks (not under Wine), it is told to enumerate hidden files too; whether the
+// list shows them is decided item by item above.
+STDMETHODIMP CMyShellBrowser::GetViewFlags(DWORD* flags) {
+    if (!flags) return E_POINTER;
+    *flags = Options().show_hidden ? CDB2GVF_SHOWALLFILES : 0;
+    return S_OK;
+}
+
+void CMyShellBrowser::HiddenFilesChanged(bool activeTab) {
+    if (activeTab) ListAgain();
+    else relistWhenShown_ = true;
 }
 
 int CMyShellBrowser::QueryItemColour(int index, int* flags) const {

@@ -46,8 +46,8 @@ STDMETHODIMP CMyShellBrowser::QueryInterface(REFIID riid, void** object) {
     *object = nullptr;
     if (riid == IID_IUnknown || riid == IID_IOleWindow || riid == IID_IShellBrowser)
         *object = static_cast<IShellBrowser*>(this);
-    else if (riid == IID_ICommDlgBrowser)
-        *object = static_cast<ICommDlgBrowser*>(this);
+    else if (riid == IID_ICommDlgBrowser || riid == IID_ICommDlgBrowser2)
+        *object = static_cast<ICommDlgBrowser2*>(this);
     else
         return E_NOINTERFACE;
     AddRef();
@@ -151,7 +151,8 @@ void CMyShellBrowser::SetActive(bool active) {
         view_->UIActivate(SVUIA_ACTIVATE_FOCUS);
         SetFocus(viewWindow_);
         statusRequested_ = true;
-        if (diskStale_) FollowDisk();
+        if (std::exchange(relistWhenShown_, false)) ListAgain();
+        else if (diskStale_) FollowDisk();
     } else {
         view_->UIActivate(SVUIA_DEACTIVATE);
     }

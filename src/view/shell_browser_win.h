@@ -80,7 +80,7 @@ inline constexpr UINT_PTR kTimerFitColumns = 10015;  // columns no memory sized:
 inline constexpr int kSizeCellsPerPaint = 1;
 inline constexpr UINT kSizeCellsPause = 20;  // ms
 
-class CMyShellBrowser : public win::Window, public IShellBrowser, public ICommDlgBrowser {
+class CMyShellBrowser : public win::Window, public IShellBrowser, public ICommDlgBrowser2 {
 public:
     CMyShellBrowser(IBrowserOwner& owner, std::wstring columnSection, HWND filterBox);
     bool Create(HWND parent);
@@ -110,6 +110,13 @@ public:
     STDMETHODIMP OnDefaultCommand(IShellView* view) override;
     STDMETHODIMP OnStateChange(IShellView* view, ULONG change) override;
     STDMETHODIMP IncludeObject(IShellView* view, PCUITEMID_CHILD item) override;
+    // ICommDlgBrowser2: only the view flags matter, for hidden files
+    STDMETHODIMP Notify(IShellView*, DWORD) override { return S_OK; }
+    STDMETHODIMP GetDefaultMenuText(IShellView*, LPWSTR, int) override { return S_FALSE; }
+    STDMETHODIMP GetViewFlags(DWORD* flags) override;
+    // Hidden files were switched on or off: the active tab lists its folder again, the others
+    // when they show.
+    void HiddenFilesChanged(bool activeTab);
 
     // Navigation. The caller's list is taken over in every case.
     int NavigateTo(win::UniquePidl pidl, bool fromHistory, bool counted);
@@ -344,6 +351,7 @@ private:
     StatusWorker statusWorker_;
     FolderSizeWorker sizeWorker_;
     int sizeColumn_ = -1;
+    bool relistWhenShown_ = false;  // hidden files were switched while the tab was not shown
     bool columnsRemembered_ = false;  // the view read its columns from a memory or the history
     int columnFitTries_ = 0;
     std::set<std::wstring> sizesShown_;  // rows whose measured size was drawn

@@ -174,6 +174,12 @@ void DrawCommand(Glyph& g, int command) {
         g.Fill(1, 2, 15, 5, kBlue);
         g.Shape({{6, 7}, {11, 10}, {6, 13}}, kGreen);
         break;
+    case ID_VIEW_HIDDEN_FILES: {  // a faded page half behind a solid one
+        constexpr COLORREF kFaded = RGB(175, 180, 190);
+        g.Box(1, 1, 10, 12, RGB(235, 237, 240), kFaded);
+        DrawPage(g, 6, 4, 15, 15);
+        break;
+    }
     case ID_TOOLBAR_MORE:  // a chevron: the buttons that have no room
         g.Shape({{3, 4}, {5, 4}, {9, 8}, {5, 12}, {3, 12}, {7, 8}}, kInk);
         g.Shape({{8, 4}, {10, 4}, {14, 8}, {10, 12}, {8, 12}, {12, 8}}, kInk);

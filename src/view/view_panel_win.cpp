@@ -258,6 +258,12 @@ void CPloder::NextTab(int step) {
 
 bool CPloder::HasLocation() const { return laterWork_ || (active_ && active_->Current()); }
 
+void CPloder::HiddenFilesChanged() {
+    toolbars_.Check(ID_VIEW_HIDDEN_FILES, Options().show_hidden != 0);
+    for (auto& browser : browsers_)
+        if (browser && browser->hwnd()) browser->HiddenFilesChanged(browser.get() == active_);
+}
+
 void CPloder::Refresh() {
     if (laterWork_) return MakeLaterView();  // listed fresh as it is made
     if (active_) active_->RefreshView();
@@ -491,7 +497,7 @@ LRESULT CPloder::OnNotify(NMHDR* header) {
     if (header->code == TTN_GETDISPINFOW) {
         auto* info = reinterpret_cast<NMTTDISPINFOW*>(header);
         static std::wstring tip;  // the tooltip reads it right after this message
-        tip = GetText(static_cast<int>(header->idFrom));
+        tip = ButtonTip(static_cast<int>(header->idFrom));
         info->lpszText = tip.data();
         return 0;
     }
@@ -520,6 +526,10 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (lParam && HIWORD(wParam) != BN_CLICKED) break;  // notifications of the filter box
         if (LOWORD(wParam) == ID_TOOLBAR_MORE) {
             ShowHiddenButtons();
+            return 0;
+        }
+        if (LOWORD(wParam) == ID_VIEW_HIDDEN_FILES) {  // a switch of all T-Views: the frame's
+            SendMessageW(GetAncestor(hwnd(), GA_ROOT), WM_COMMAND, ID_VIEW_HIDDEN_FILES, 0);
             return 0;
         }
         if (active_) active_->Execute(LOWORD(wParam));

@@ -52,6 +52,8 @@ public:
     bool HasLocation() const;
     int ViewNumber() const override { return viewIndex_; }
     void Refresh();
+    // Hidden files were switched for all T-Views: the lists and the toolbar button follow.
+    void HiddenFilesChanged();
 
     CMyShellBrowser* GetOrCreateBrowser();
     void CloseBrowser(CMyShellBrowser* browser);

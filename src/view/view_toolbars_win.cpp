@@ -1,7 +1,9 @@
 #include "view/view_toolbars_win.h"
 
+#include <string>
 #include <utility>
 
+#include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "res/resource.h"
 #include "view/toolbar_fit.h"
@@ -27,6 +29,15 @@ std::vector<int> LoadToolbarCommands(int resourceId) {
     const size_t count = wide ? words[4] : words[3];
     for (size_t i = 0; i < count && first + i * step < wordCount; ++i) commands.push_back(words[first + i * step]);
     return commands;
+}
+
+std::wstring ButtonTip(int command) {
+    std::wstring text = GetText(command);
+    text = text.substr(0, text.find(L'\n'));
+    std::erase(text, L'&');
+    if (const size_t tab = text.find(L'\t'); tab != std::wstring::npos)
+        text = text.substr(0, tab) + L" (" + text.substr(tab + 1) + L")";
+    return text;
 }
 
 namespace {
@@ -112,6 +123,9 @@ void ViewToolbars::Create(HWND panel, HWND statusBar) {
         TBBUTTONINFOW info{sizeof(info), TBIF_STYLE};
         info.fsStyle = BTNS_BUTTON | BTNS_WHOLEDROPDOWN;
         SendMessageW(bars_[2], TB_SETBUTTONINFOW, ID_VIEW_MODES, reinterpret_cast<LPARAM>(&info));
+        info.fsStyle = BTNS_CHECK;  // pressed while hidden files show
+        SendMessageW(bars_[2], TB_SETBUTTONINFOW, ID_VIEW_HIDDEN_FILES, reinterpret_cast<LPARAM>(&info));
+        SendMessageW(bars_[2], TB_CHECKBUTTON, ID_VIEW_HIDDEN_FILES, MAKELONG(Options().show_hidden != 0, 0));
     }
     for (HWND bar : bars_)
         if (bar) SendMessageW(bar, TB_AUTOSIZE, 0, 0);
@@ -134,6 +148,11 @@ void ViewToolbars::EnableHistory(bool back, bool forward) {
     for (auto [command, enabled] : {std::pair{ID_VIEW_BACK, back}, std::pair{ID_VIEW_FORWARD, forward}})
         if ((SendMessageW(bars_[0], TB_ISBUTTONENABLED, command, 0) != 0) != enabled)
             SendMessageW(bars_[0], TB_ENABLEBUTTON, command, MAKELONG(enabled, 0));
+}
+
+void ViewToolbars::Check(int command, bool checked) {
+    for (HWND bar : bars_)
+        if (bar) SendMessageW(bar, TB_CHECKBUTTON, command, MAKELONG(checked, 0));
 }
 
 int ViewToolbars::Height() const {
@@ -226,8 +245,7 @@ int ViewToolbars::TrackHiddenMenu(HWND owner) const {
     if (commands.empty() || !bars_[3]) return 0;
     win::UniqueMenu menu(CreatePopupMenu());
     for (int command : commands) {
-        std::wstring text = GetText(command);
-        text = text.substr(0, text.find(L'\n'));  // a tip's first line names the button
+        const std::wstring text = ButtonTip(command);
         const bool enabled = !bars_[0] || SendMessageW(bars_[0], TB_COMMANDTOINDEX, command, 0) < 0 ||
                              SendMessageW(bars_[0], TB_ISBUTTONENABLED, command, 0);
         AppendMenuW(menu.get(), MF_STRING | (enabled ? 0 : MF_GRAYED), static_cast<UINT_PTR>(command), text.c_str());

@@ -4,6 +4,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <string>
 #include <vector>
 
 #include "view/toolbar_choice_win.h"
@@ -12,6 +13,9 @@ namespace tessel {
 
 // Command ids of a toolbar resource; 0 stands for a separator.
 std::vector<int> LoadToolbarCommands(int resourceId);
+
+// A button's tip from its command's text: "&Hidden files\tCtrl+H" becomes "Hidden files (Ctrl+H)".
+std::wstring ButtonTip(int command);
 
 class ViewToolbars {
 public:
@@ -33,6 +37,7 @@ public:
     HWND BarOf(int command) const;
     int Height() const;
     void EnableHistory(bool back, bool forward);
+    void Check(int command, bool checked);  // a switch button of any of the bars
     // The quick-links and programs buttons, hidden while their list is switched off.
     void ShowUserMenus(bool quickLinks, bool programs);
     HWND View() const { return bars_[0]; }

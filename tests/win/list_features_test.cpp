@@ -15,6 +15,7 @@
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "features/rule_index.h"
+#include "res/resource.h"
 #include "view_host_win.h"
 #include "win/shell_item_win.h"
 
@@ -65,10 +66,44 @@ void MakeFiles(const TempFolder& folder) {
     SetFileAttributesW((folder / L"secret.dat").c_str(), FILE_ATTRIBUTE_HIDDEN);
 }
 
+// Hidden files are switched for every tab: the one shown lists again at once, the others when
+// they show; the T-View's button shows the switch. (Wine's view never lists hidden files, so the
+// switch is seen hiding a file that became hidden after it was listed.)
+TEST(HiddenFiles, TheSwitchListsEveryTabAgainTheShownOneAtOnce) {
+    ViewHost host(1);
+    TempFolder files;
+    MakeFiles(files);
+    ScopedOption show(Options().show_hidden, 1);
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(files.path()));
+    CMyShellBrowser& first = host.Browser();
+    DWORD flags = 0;
+    EXPECT_EQ(first.GetViewFlags(&flags), S_OK);
+    EXPECT_EQ(flags, static_cast<DWORD>(CDB2GVF_SHOWALLFILES)) << "a view that asks is told to list them";
+    CMyShellBrowser* second = panel.GetOrCreateBrowser();
+    ASSERT_TRUE(second);
+    panel.Activate(second);
+    ASSERT_TRUE(panel.NavigateToText(files.path()));
+    ASSERT_GE(RowOf(first, L"plain.dat"), 0);
+    ASSERT_GE(RowOf(*second, L"plain.dat"), 0);
+    SetFileAttributesW((files / L"plain.dat").c_str(), FILE_ATTRIBUTE_HIDDEN);
+
+    Options().show_hidden = 0;
+    panel.HiddenFilesChanged();
+    EXPECT_EQ(RowOf(*second, L"plain.dat"), -1) << "the tab shown lists again at once";
+    EXPECT_FALSE(SendMessageW(panel.Toolbars().Modes(), TB_ISBUTTONCHECKED, ID_VIEW_HIDDEN_FILES, 0));
+    EXPECT_GE(RowOf(first, L"plain.dat"), 0) << "a tab not shown waits";
+    panel.Activate(&first);
+    EXPECT_EQ(RowOf(first, L"plain.dat"), -1) << "and lists again when it shows";
+    EXPECT_EQ(first.GetViewFlags(&flags), S_OK);
+    EXPECT_EQ(flags, 0u);
+}
+
 TEST(ListColours, SchemeColoursStylesAndBackgrounds) {
     ViewHost host(1);
     TempFolder files;
     MakeFiles(files);
+    ScopedOption hidden(Options().show_hidden, 1);
     ScopedOption on(Options().useColor, 1);
     Colours().Load(Settings());
     EXPECT_EQ(Settings().GetString(L"Filter2", L"9", L""), L"*=1=0000BB=-1=1=-1=0") << "scheme 0 written at first";

@@ -60,7 +60,7 @@ TEST(ViewPanel, ChildrenToolbarsAndSettings) {
     panel.Active()->Execute(ID_VIEW_UP);
     EXPECT_TRUE(SendMessageW(bars.View(), TB_ISBUTTONENABLED, ID_VIEW_BACK, 0));
     EXPECT_FALSE(SendMessageW(bars.View(), TB_ISBUTTONENABLED, ID_VIEW_FORWARD, 0));
-    EXPECT_EQ(ButtonCommands(bars.Modes()), (std::vector<int>{ID_VIEW_MODES, ID_VIEW_FILTER_TOGGLE}));
+    EXPECT_EQ(ButtonCommands(bars.Modes()), (std::vector<int>{ID_VIEW_MODES, ID_VIEW_FILTER_TOGGLE, ID_VIEW_HIDDEN_FILES}));
     EXPECT_TRUE(SendMessageW(bars.Modes(), TB_GETEXTENDEDSTYLE, 0, 0) & TBSTYLE_EX_DRAWDDARROWS);
     EXPECT_FALSE(IsWindowVisible(bars.Extra()));
     EXPECT_TRUE(IsWindowVisible(bars.View()));
