@@ -207,6 +207,8 @@
 #define ID_PROGRAMS_MENU 42891
 #define ID_TOOLBAR_MORE 42892
 #define ID_VIEW_HIDDEN_FILES 42893
+#define ID_FILTER_INVERT 42894
+#define ID_FILTER_FOLDERS 42895
 #define ID_BACKGROUND_TITLE 111111
 
 // The transfer menu: its header (also the toolbar button), the three choices kept in section

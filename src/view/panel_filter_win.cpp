@@ -30,6 +30,16 @@ void CPloder::OnFilterBoxFocused() {
 // Each change waits for a pause in the typing, so the folder is listed once per pause.
 void CPloder::OnFilterBoxChanged() { SetTimer(hwnd(), kFilterPauseTimer, kFilterPauseMs, nullptr); }
 
+// The switches beside the box are kept per T-View and list the folder again while a filter acts.
+void CPloder::FlipFilterSwitch(int command) {
+    int* value = FilterSwitchBar::SwitchOf(filter_.switches, command);
+    if (!value) return;
+    *value = *value ? 0 : 1;
+    Settings().PutInt(sectionName_, FilterSwitchBar::KeyOf(command), *value);
+    filterSwitches_.Show(filter_.switches);
+    if (filter_.Acts() && active_) active_->ListAgain();
+}
+
 void CPloder::ShowFilter(const std::wstring& text) {
     if (!filter_.switches.show_filter) ToggleFilterBox();
     SetWindowTextW(filterBox_, text.c_str());

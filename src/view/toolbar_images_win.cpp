@@ -180,6 +180,14 @@ void DrawCommand(Glyph& g, int command) {
         DrawPage(g, 6, 4, 15, 15);
         break;
     }
+    case ID_FILTER_INVERT:  // the funnel crossed out: what does not match
+        g.Shape({{1, 2}, {15, 2}, {10, 8}, {10, 14}, {6, 15}, {6, 8}}, kBlue);
+        g.Line(2, 14, 14, 1, kRed);
+        break;
+    case ID_FILTER_FOLDERS:  // a folder with the funnel
+        DrawFolder(g);
+        g.Shape({{5, 7}, {13, 7}, {10, 10}, {10, 14}, {8, 14}, {8, 10}}, kBlue);
+        break;
     case ID_TOOLBAR_MORE:  // a chevron: the buttons that have no room
         g.Shape({{3, 4}, {5, 4}, {9, 8}, {5, 12}, {3, 12}, {7, 8}}, kInk);
         g.Shape({{8, 4}, {10, 4}, {14, 8}, {10, 12}, {8, 12}, {12, 8}}, kInk);

@@ -81,6 +81,8 @@ bool CPloder::OnCreate() {
     filterBox_ = Child(L"EDIT", WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, hwnd(), kFilterBoxId);
     ReadFilterValues();
     InitFilterBox();
+    filterSwitches_.Create(hwnd());
+    filterSwitches_.Show(filter_.switches);
     location_ = Child(L"STATIC", WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_PATHELLIPSIS | SS_CENTERIMAGE, 0, hwnd(),
                       kLocationId);
     filterLabel_ = Child(L"STATIC", SS_LEFT | SS_CENTERIMAGE, 0, hwnd(), kFilterLabelId,
@@ -440,10 +442,14 @@ void CPloder::Layout() {
     const bool showFilter = filter_.switches.show_filter != 0;
     ShowWindow(filterLabel_, showFilter ? SW_SHOW : SW_HIDE);
     ShowWindow(filterBox_, showFilter ? SW_SHOW : SW_HIDE);
+    ShowWindow(filterSwitches_.hwnd(), showFilter ? SW_SHOWNA : SW_HIDE);
     if (showFilter) {
         const int label = win::Scaled(hwnd(), 40);
+        const int switches = filterSwitches_.Width();
+        const int box = std::max<int>(0, client.right - 2 * pad - label - switches);
         SetWindowPos(filterLabel_, nullptr, pad, top, label, line, SWP_NOZORDER);
-        SetWindowPos(filterBox_, nullptr, pad + label, top + 1, client.right - 2 * pad - label, line - 2, SWP_NOZORDER);
+        SetWindowPos(filterBox_, nullptr, pad + label, top + 1, box, line - 2, SWP_NOZORDER);
+        SetWindowPos(filterSwitches_.hwnd(), nullptr, pad + label + box, top, switches, line, SWP_NOZORDER | SWP_NOACTIVATE);
         top += line + pad / 2;
     }
     const int bottom = client.bottom - barHeight;
@@ -526,6 +532,10 @@ LRESULT CPloder::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (lParam && HIWORD(wParam) != BN_CLICKED) break;  // notifications of the filter box
         if (LOWORD(wParam) == ID_TOOLBAR_MORE) {
             ShowHiddenButtons();
+            return 0;
+        }
+        if (LOWORD(wParam) == ID_FILTER_INVERT || LOWORD(wParam) == ID_FILTER_FOLDERS) {
+            FlipFilterSwitch(LOWORD(wParam));
             return 0;
         }
         if (LOWORD(wParam) == ID_VIEW_HIDDEN_FILES) {  // a switch of all T-Views: the frame's

@@ -13,6 +13,7 @@
 #include "nav/tab_view_win.h"
 #include "nav/quick_links.h"
 #include "view/browser_slots.h"
+#include "view/filter_switch_bar_win.h"
 #include "view/menu_icons_win.h"
 #include "view/shell_browser_win.h"
 #include "view/status_highlight_win.h"
@@ -145,6 +146,7 @@ private:
     void InitFilterBox();
     void OnFilterBoxChanged();
     void OnFilterBoxFocused();
+    void FlipFilterSwitch(int command);
     void Layout();
     int StatusTextNeed(const std::wstring& text) const;
     void PlaceStatusParts();
@@ -171,6 +173,7 @@ private:
     HWND filterLabel_ = nullptr;  // second static: the filter box's label
     HWND treeEdge_ = nullptr;     // third static: the edge between tree and list
     HWND statusBar_ = nullptr;
+    FilterSwitchBar filterSwitches_;  // beside the filter box
     int statusNeed_ = 0;  // what the status text needs of the status bar's width
     ViewToolbars toolbars_;
     StatusHighlight statusHighlight_;

@@ -178,6 +178,20 @@ TEST(ViewFilterBox, FiltersAfterAPauseAndRemembersTheText) {
     EXPECT_TRUE(PumpUntil([&] { return Listed(browser, L"photo"); }));
     EXPECT_EQ(ListCount(browser), 4);
     EXPECT_TRUE(Listed(browser, L"setup") && !Listed(browser, L"readme"));
+    // The switches beside the box: folders filtered too, then what does not match.
+    HWND switches = FindWindowExW(panel.hwnd(), nullptr, TOOLBARCLASSNAMEW, nullptr);
+    ASSERT_TRUE(switches && IsWindowVisible(switches));
+    SendMessageW(panel.hwnd(), WM_COMMAND, ID_FILTER_FOLDERS, reinterpret_cast<LPARAM>(switches));
+    EXPECT_EQ(ListCount(browser), 2) << "setup.exe and photo.JPG only";
+    SendMessageW(panel.hwnd(), WM_COMMAND, ID_FILTER_INVERT, reinterpret_cast<LPARAM>(switches));
+    EXPECT_EQ(ListCount(browser), 5) << "the three other files and both folders";
+    EXPECT_TRUE(SendMessageW(switches, TB_ISBUTTONCHECKED, ID_FILTER_INVERT, 0));
+    EXPECT_EQ(Settings().GetInt(L"T_View_0", L"by_negativ", 0), 1);
+    EXPECT_EQ(Settings().GetInt(L"T_View_0", L"by_dir_filter", 0), 1);
+    SendMessageW(panel.hwnd(), WM_COMMAND, ID_FILTER_INVERT, reinterpret_cast<LPARAM>(switches));
+    SendMessageW(panel.hwnd(), WM_COMMAND, ID_FILTER_FOLDERS, reinterpret_cast<LPARAM>(switches));
+    EXPECT_EQ(ListCount(browser), 4);
+    EXPECT_FALSE(SendMessageW(switches, TB_ISBUTTONCHECKED, ID_FILTER_FOLDERS, 0));
     panel.ToggleFilterBox();
     EXPECT_EQ(ListCount(browser), all) << "a hidden filter box filters nothing";
     panel.ToggleFilterBox();
