@@ -209,6 +209,8 @@
 #define ID_VIEW_HIDDEN_FILES 42893
 #define ID_FILTER_INVERT 42894
 #define ID_FILTER_FOLDERS 42895
+#define ID_TAB_REOPEN 42896
+#define IDS_RECENTLY_CLOSED 42897
 #define ID_BACKGROUND_TITLE 111111
 
 // The transfer menu: its header (also the toolbar button), the three choices kept in section

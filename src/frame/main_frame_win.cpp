@@ -355,7 +355,7 @@ void CMainFrame::OnCommand(int id, LPARAM lParam) {
         if (IsLayoutCommand(id)) SetLayout(id - kFirstLayoutCommand, lParam && reinterpret_cast<HWND>(lParam) == layoutToolbar_.hwnd());
         else if (id >= ID_FOCUS_VIEW_1 && id <= ID_FOCUS_VIEW_4) FocusView(id - ID_FOCUS_VIEW_1 + 1);
         else if (id >= ID_LANGUAGE_FILE_FIRST && id <= ID_LANGUAGE_FILE_LAST) SetLanguage(id - ID_LANGUAGE_FILE_FIRST);
-        else if (id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) TabCommand(id);
+        else if ((id >= ID_TAB_NEW && id <= ID_TAB_PREVIOUS) || id == ID_TAB_REOPEN) TabCommand(id);
         else if (id >= ID_START_MODE_FIRST && id <= ID_START_MODE_LAST) {
             Options().Als = id - ID_START_MODE_FIRST;
             WriteOption(Settings(), L"Als", Options().Als);
@@ -447,6 +447,7 @@ void CMainFrame::TabCommand(int id) {
     case ID_TAB_CLOSE: panel.CloseCurrentTab(); break;
     case ID_TAB_NEXT: panel.NextTab(1); break;
     case ID_TAB_PREVIOUS: panel.NextTab(-1); break;
+    case ID_TAB_REOPEN: panel.ReopenClosedTab(); break;
     }
     StateChanged();
 }

@@ -174,12 +174,13 @@ void CCBrowserTabView::ActivateTab() {
     }
 }
 
-bool CCBrowserTabView::CloseTab(int index) {
+bool CCBrowserTabView::CloseTab(int index, bool byUser) {
     const int count = Count();
     TabRecord* record = Record(index);
     const int selected = Selected();
     const int next = TabSelectedAfterClose(index, count, selected, record && record->browser);
     if (!record || next < 0) return false;
+    if (byUser) owner_.TabClosing(*record, index);
     if (record->browser && !owner_.CloseTabBrowser(record->browser)) return false;
     if (record->browser == shown_) shown_ = nullptr;
     SendMessageW(strip_, TCM_DELETEITEM, index, 0);
@@ -240,6 +241,7 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
     AppendMenuW(menu.get(), MF_STRING, kTabDuplicate, GetText(51208).c_str());
     AppendMenuW(menu.get(), MF_STRING, kTabNewHere, GetText(20004).c_str());
     AppendMenuW(menu.get(), MF_STRING, kTabNewComputer, GetText(51207).c_str());
+    AppendClosedMenu(menu.get());
     AppendWidthMenu(menu.get());
     TabRecord* record = Record(index >= 0 ? index : Selected());
     win::ComPtr<IContextMenu> shellMenu;
@@ -263,10 +265,22 @@ void CCBrowserTabView::ShowContextMenu(POINT screen, bool fromKeyboard) {
     RunContextCommand(command, index, shellMenu.get());
 }
 
+void CCBrowserTabView::AppendClosedMenu(HMENU menu) {
+    const std::vector<std::wstring> labels = owner_.ClosedTabLabels();
+    HMENU closed = CreatePopupMenu();
+    for (size_t i = 0; i < labels.size() && kTabReopenFirst + i <= kTabReopenLast; ++i) {
+        std::wstring text;
+        for (wchar_t c : labels[i]) text += c == L'&' ? std::wstring(L"&&") : std::wstring(1, c);  // no mnemonics
+        AppendMenuW(closed, MF_STRING, kTabReopenFirst + i, text.c_str());
+    }
+    AppendMenuW(menu, MF_POPUP | (labels.empty() ? MF_GRAYED : 0), reinterpret_cast<UINT_PTR>(closed),
+                GetText(IDS_RECENTLY_CLOSED).c_str());  // the menu owns the submenu from here
+}
+
 void CCBrowserTabView::RunContextCommand(UINT command, int index, IContextMenu* shellMenu) {
     const int at = index >= 0 ? index : Selected();
     switch (command) {
-    case kTabClose: CloseTab(at); break;
+    case kTabClose: CloseTab(at, true); break;
     case kTabRefresh:
         if (Selected() != at) Select(at);
         if (shown_) shown_->RefreshView();
@@ -279,7 +293,9 @@ void CCBrowserTabView::RunContextCommand(UINT command, int index, IContextMenu* 
         Select(InsertTab(win::SpecialFolder(CSIDL_DRIVES), index >= 0 ? std::to_wstring(index + 1) : L""));
         break;
     default:
-        if (command == kTabWidthUncut || (command >= kTabWidthFirst && command <= kTabWidthLast))
+        if (command >= kTabReopenFirst && command <= kTabReopenLast)
+            owner_.ReopenClosedTab(command - kTabReopenFirst);
+        else if (command == kTabWidthUncut || (command >= kTabWidthFirst && command <= kTabWidthLast))
             SetLabelWidth(static_cast<int>(command));
         else if (command >= kTabFirstShellId && shellMenu)
             RunFolderVerb(at, shellMenu, command - kTabFirstShellId);
@@ -370,7 +386,7 @@ LRESULT CALLBACK CCBrowserTabView::StripProc(HWND strip, UINT message, WPARAM wP
     case WM_LBUTTONDBLCLK:
     case WM_MBUTTONUP: {
         const int index = self->TabAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
-        if (index >= 0) self->CloseTab(index);
+        if (index >= 0) self->CloseTab(index, true);
         return 0;
     }
     case WM_RBUTTONDBLCLK:

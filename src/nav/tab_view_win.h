@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "win/com_ptr_win.h"
 #include "win/handles_win.h"
@@ -22,6 +23,7 @@ inline constexpr int kTabStripId = 1000;
 // Commands of a tab's context menu; each part of the menu has an id range of its own.
 enum TabMenuId : UINT {
     kTabClose = 1, kTabRefresh, kTabDuplicate, kTabNewHere, kTabNewComputer,
+    kTabReopenFirst = 20, kTabReopenLast = 29,                        // the recently closed tabs
     kTabWidthUncut = 50, kTabWidthFirst = 60, kTabWidthLast = 300,  // widths 60, 70, ... 300
     kTabFirstShellId = 1000, kTabLastShellId = 0x7FFF,                // the tab folder's shell menu
 };
@@ -34,6 +36,11 @@ public:
     virtual void ShowTabBrowser(CMyShellBrowser* browser) = 0;
     virtual bool CloseTabBrowser(CMyShellBrowser* browser) = 0;  // false keeps the tab
     virtual void TabsChanged() = 0;  // the strip's height may have changed: lay out again
+    // The user closes a tab (not a move or a folder set): its folder and history may be kept.
+    virtual void TabClosing(const TabRecord& tab, int index) {}
+    // The tabs closed last, newest first, and opening one of them again.
+    virtual std::vector<std::wstring> ClosedTabLabels() const { return {}; }
+    virtual void ReopenClosedTab(size_t position) {}
 };
 
 struct TabRecord {
@@ -75,7 +82,9 @@ public:
     void RefreshStaleLabels();
     void Select(int index);  // selects and activates
     void ActivateTab();
-    bool CloseTab(int index);
+    // `byUser`: the user closed it, so it can be opened again (a moved tab or a folder set's
+    // replaced tabs cannot).
+    bool CloseTab(int index, bool byUser = false);
     int DuplicateTab(int index, int target = -1);
     void MoveTab(int from, int to);
     TabRecord* Record(int index) const;
@@ -111,6 +120,7 @@ private:
     static LRESULT CALLBACK StripProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     void SetLabel(int index, PCIDLIST_ABSOLUTE folder);
     void AppendWidthMenu(HMENU menu);
+    void AppendClosedMenu(HMENU menu);
     void RunFolderVerb(int index, IContextMenu* menu, UINT offset);
     int TabAt(POINT client) const;
 

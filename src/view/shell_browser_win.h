@@ -161,6 +161,9 @@ public:
     void TransferTo(CMyShellBrowser& target, bool viewSettings, bool history, bool selection);
     // The other view's history, its shown folder's entry as it is now included (a tab moved here).
     void TakeHistoryOf(CMyShellBrowser& source);
+    // The history with the shown folder's entry as it is now, to be kept after the view closes.
+    NavigationHistory HistoryToKeep();
+    void AdoptHistory(const NavigationHistory& history);  // after navigating to its current folder
     // The file-system paths of the selected items that still exist.
     std::vector<std::wstring> SelectedPaths() const;
     // Copies or moves the files into the folder shown and lists it again; false when nothing was done.

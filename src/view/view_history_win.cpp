@@ -242,11 +242,19 @@ void CMyShellBrowser::TransferTo(CMyShellBrowser& target, bool viewSettings, boo
 // navigation has recorded what it left.
 void CMyShellBrowser::TakeHistoryOf(CMyShellBrowser& source) {
     if (&source == this) return;
-    if (source.view_) {
-        source.CaptureOutgoingState();
-        source.RecordHistoryEntry();
+    AdoptHistory(source.HistoryToKeep());
+}
+
+NavigationHistory CMyShellBrowser::HistoryToKeep() {
+    if (view_) {
+        CaptureOutgoingState();
+        RecordHistoryEntry();
     }
-    history_.CopyFrom(source.history_);
+    return history_;
+}
+
+void CMyShellBrowser::AdoptHistory(const NavigationHistory& history) {
+    history_.CopyFrom(history);
     owner_.HistoryChanged(*this);
 }
 

@@ -251,7 +251,39 @@ void CPloder::OpenTab(win::UniquePidl folder) {
     if (folder && tabs_) tabs_->Select(tabs_->InsertTab(std::move(folder)));
 }
 
-void CPloder::CloseCurrentTab() { tabs_->CloseTab(tabs_->Selected()); }
+void CPloder::CloseCurrentTab() { tabs_->CloseTab(tabs_->Selected(), true); }
+
+void CPloder::TabClosing(const TabRecord& tab, int index) {
+    PCIDLIST_ABSOLUTE folder = CurrentFolderOf(tab);
+    if (!folder) return;
+    ClosedTab closed;
+    closed.folder = BytesOf(folder);
+    closed.label = win::LocationNameOf(folder);
+    closed.index = index;
+    if (tab.browser) {
+        closed.history = tab.browser->HistoryToKeep();
+        closed.hasHistory = true;
+    }
+    closedTabs_.Remember(std::move(closed));
+}
+
+std::vector<std::wstring> CPloder::ClosedTabLabels() const {
+    std::vector<std::wstring> labels;
+    for (const ClosedTab& tab : closedTabs_.List()) labels.push_back(tab.label);
+    return labels;
+}
+
+// The tab comes back where it stood, with the history it had.
+void CPloder::ReopenClosedTab(size_t position) {
+    ClosedTab tab;
+    if (!tabs_ || !closedTabs_.Take(position, tab)) return;
+    const int at = std::min(tab.index, tabs_->Count());
+    const int index = tabs_->InsertTab(win::ClonePidl(reinterpret_cast<PCIDLIST_ABSOLUTE>(tab.folder.data())),
+                                       std::to_wstring(at));
+    tabs_->Select(index);
+    TabRecord* record = tabs_->Record(index);
+    if (tab.hasHistory && record && record->browser) record->browser->AdoptHistory(tab.history);
+}
 
 void CPloder::NextTab(int step) {
     const int count = tabs_->Count();

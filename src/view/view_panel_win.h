@@ -13,6 +13,7 @@
 #include "nav/tab_view_win.h"
 #include "nav/quick_links.h"
 #include "view/browser_slots.h"
+#include "view/closed_tabs.h"
 #include "view/filter_switch_bar_win.h"
 #include "view/menu_icons_win.h"
 #include "view/shell_browser_win.h"
@@ -136,6 +137,9 @@ public:
     void ShowTabBrowser(CMyShellBrowser* browser) override { Activate(browser); }
     bool CloseTabBrowser(CMyShellBrowser* browser) override;
     void TabsChanged() override { Layout(); }
+    void TabClosing(const TabRecord& tab, int index) override;
+    std::vector<std::wstring> ClosedTabLabels() const override;
+    void ReopenClosedTab(size_t position = 0) override;
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -174,6 +178,7 @@ private:
     HWND treeEdge_ = nullptr;     // third static: the edge between tree and list
     HWND statusBar_ = nullptr;
     FilterSwitchBar filterSwitches_;  // beside the filter box
+    ClosedTabs closedTabs_;
     int statusNeed_ = 0;  // what the status text needs of the status bar's width
     ViewToolbars toolbars_;
     StatusHighlight statusHighlight_;

@@ -9,6 +9,7 @@
 
 #include "core/general_options.h"
 #include "core/settings_store_win.h"
+#include "res/resource.h"
 #include "view/file_clipboard_win.h"
 #include "view_host_win.h"
 #include "win/shell_item_win.h"
@@ -23,6 +24,37 @@ std::wstring Label(CCBrowserTabView& tabs, int index) {
     item.cchTextMax = 260;
     SendMessageW(tabs.Strip(), TCM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
     return text;
+}
+
+// A tab the user closed comes back where it stood, with its history; moved or replaced tabs are
+// not offered.
+TEST(TabStrip, AClosedTabReopensWhereItStoodWithItsHistory) {
+    ViewHost host(1);
+    TempFolder a;
+    CreateDirectoryW((a / L"inner").c_str(), nullptr);
+    CPloder& panel = host.Panel();
+    ASSERT_TRUE(panel.NavigateToText(a.path()));
+    CCBrowserTabView& tabs = panel.Tabs();
+    panel.NewTab();
+    ASSERT_TRUE(panel.NavigateToText(a / L"inner"));
+    panel.NewTab();
+    tabs.Select(1);
+    EXPECT_TRUE(tabs.CloseTab(2)) << "not by the user";
+    EXPECT_TRUE(panel.ClosedTabLabels().empty());
+    panel.CloseCurrentTab();
+    EXPECT_EQ(tabs.Count(), 1);
+    ASSERT_EQ(panel.ClosedTabLabels().size(), 1u);
+    EXPECT_EQ(LowerCase(panel.ClosedTabLabels()[0]), LowerCase(a / L"inner"));
+
+    panel.ReopenClosedTab();
+    ASSERT_EQ(tabs.Count(), 2);
+    EXPECT_EQ(tabs.Selected(), 1);
+    EXPECT_EQ(LowerCase(panel.Active()->CurrentPath()), LowerCase(a / L"inner"));
+    EXPECT_TRUE(panel.ClosedTabLabels().empty()) << "taken out of the list";
+    panel.Active()->Execute(ID_VIEW_BACK);
+    EXPECT_EQ(LowerCase(panel.Active()->CurrentPath()), LowerCase(a.path())) << "its history came with it";
+    panel.ReopenClosedTab();  // nothing left: nothing happens
+    EXPECT_EQ(tabs.Count(), 2);
 }
 
 TEST(TabStrip, OpenCloseAndTheStripShowsFromTwoTabs) {
