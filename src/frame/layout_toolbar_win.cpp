@@ -67,8 +67,12 @@ bool LayoutToolbar::Create(HWND frame, int controlId) {
     return true;
 }
 
+// Every other layout is released by name: the user may have parted the group with separators, and a
+// group only releases its neighbours.
 void LayoutToolbar::Check(int layout) {
-    if (bar_) SendMessageW(bar_, TB_CHECKBUTTON, kFirstLayoutCommand + layout, TRUE);
+    if (!bar_) return;
+    for (int i = 0; i < kLayoutCount; ++i)
+        SendMessageW(bar_, TB_CHECKBUTTON, kFirstLayoutCommand + i, MAKELONG(i == layout, 0));
 }
 
 int LayoutToolbar::Height() const {

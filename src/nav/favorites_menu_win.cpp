@@ -73,7 +73,10 @@ void FavoritesMenu::Rebuild(HMENU menu) {
         AppendText(menu, MF_STRING | MF_GRAYED, 0, GetText(40004));
         AppendText(menu, MF_STRING | MF_GRAYED, 0, GetText(40005));
     }
-    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    // An empty favorites folder adds nothing after the fixed entries' separator: no second one.
+    MENUITEMINFOW last{sizeof(last), MIIM_FTYPE};
+    if (!GetMenuItemInfoW(menu, GetMenuItemCount(menu) - 1, TRUE, &last) || !(last.fType & MFT_SEPARATOR))
+        AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     // With room for a picture like the entries above, so the menu measures every line alike.
     for (UINT command : {ID_FAV_OPEN_IN_VIEW, ID_FAV_CHOOSE_FOLDER, ID_FAV_ADD_SEARCH}) {
         const std::wstring text = GetText(static_cast<int>(command));

@@ -41,10 +41,16 @@ win::UniqueMenu CPloder::BuildTransferMenu(UINT kind) const {
     for (int index = 0; index < 4; ++index) {
         wchar_t name[64];
         std::swprintf(name, 64, GetText(IDS_VIEW_NUMBER).c_str(), index + 1);
-        const bool usable = index != viewIndex_ && peers_ && peers_(index) && peers_(index)->HasLocation();
+        const bool usable = UsableTarget(index) != nullptr;
         AppendMenuW(menu.get(), MF_STRING | (usable ? 0 : MF_GRAYED), ID_TRANSFER_VIEW_FIRST + index, name);
     }
     return menu;
+}
+
+// Another T-View that shows a folder and that the layout shows: a hidden one is not offered.
+CPloder* CPloder::UsableTarget(int index) const {
+    CPloder* target = index >= 0 && index < 4 && index != viewIndex_ && peers_ ? peers_(index) : nullptr;
+    return target && target->HasLocation() && IsWindowVisible(target->hwnd()) ? target : nullptr;
 }
 
 void CPloder::RunTransferCommand(UINT kind, UINT command) {
@@ -58,7 +64,7 @@ void CPloder::RunTransferCommand(UINT kind, UINT command) {
             return;
         }
     const int index = static_cast<int>(command) - ID_TRANSFER_VIEW_FIRST;
-    CPloder* target = index >= 0 && index < 4 && index != viewIndex_ && peers_ ? peers_(index) : nullptr;
+    CPloder* target = UsableTarget(index);
     if (!target || !active_ || !target->Active()) return;
     if (kind == ID_TRANSFER) {
         active_->TransferTo(*target->Active(), Chosen(L"view_set"), Chosen(L"hystori"), Chosen(L"selection"));

@@ -122,6 +122,7 @@ public:
     // ID_MOVE_TO_VIEW: the T-Views only. The own T-View and empty ones are disabled.
     win::UniqueMenu BuildTransferMenu(UINT kind) const;
     void RunTransferCommand(UINT kind, UINT command);
+    CPloder* UsableTarget(int index) const;
     void ShowTransferMenu(UINT kind, POINT screenPoint);
     // The quick-links (ID_QUICK_LINKS_MENU) and programs (ID_PROGRAMS_MENU) menus.
     void ShowUserMenu(UINT command, POINT screenPoint);

@@ -46,6 +46,11 @@ TEST(Favorites, TheMenuListsTheFolderWithSubFoldersFilledWhenOpened) {
     favoritesMenu.Rebuild(menu.get());
     ASSERT_EQ(GetMenuItemCount(menu.get()), 5 + 3 + 4) << "a missing folder: the two hints and the folder commands";
     EXPECT_EQ(MenuText(menu.get(), 6), GetText(40004));
+    TempFolder empty;
+    Settings().PutString(L"Favoriten", L"Ordner", empty.path());
+    favoritesMenu.Rebuild(menu.get());
+    ASSERT_EQ(GetMenuItemCount(menu.get()), 5 + 3) << "an empty folder: no second separator";
+    EXPECT_EQ(GetMenuItemID(menu.get(), 5), static_cast<UINT>(ID_FAV_OPEN_IN_VIEW));
 
     Settings().PutString(L"Favoriten", L"Ordner", favorites.path());
     favoritesMenu.Rebuild(menu.get());

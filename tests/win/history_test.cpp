@@ -215,6 +215,9 @@ TEST_F(History, TheTransferMenuKeepsItsChoicesAndServesCopyAndMoveToo) {
     EXPECT_TRUE(GetMenuState(menu.get(), 32833, MF_BYCOMMAND) & MF_GRAYED) << "not to itself";
     EXPECT_FALSE(GetMenuState(menu.get(), 32834, MF_BYCOMMAND) & MF_GRAYED);
     EXPECT_TRUE(GetMenuState(menu.get(), 32835, MF_BYCOMMAND) & MF_GRAYED) << "no such T-View here";
+    ShowWindow(host_.Panel(1).hwnd(), SW_HIDE);  // as a layout without it does
+    EXPECT_TRUE(GetMenuState(source.BuildTransferMenu(ID_TRANSFER).get(), 32834, MF_BYCOMMAND) & MF_GRAYED);
+    ShowWindow(host_.Panel(1).hwnd(), SW_SHOW);
 
     source.RunTransferCommand(ID_TRANSFER, 45056);  // history off, written at once
     EXPECT_EQ(Settings().GetInt(L"Transfer", L"hystori", -1), 0);

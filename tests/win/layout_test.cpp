@@ -47,10 +47,15 @@ TEST_F(Layouts, EachCommandShowsItsViewsAndBackToFourKeepsTheFolders) {
     const std::wstring before = tessel.PanelText(1);
     const bool shown[12][4] = {{1, 1, 1, 1}, {1, 0, 1, 1}, {1, 1, 1, 0}, {1, 1, 0, 0}, {1, 0, 1, 0}, {1, 1, 1, 1},
                                {1, 1, 1, 1}, {1, 1, 1, 0}, {1, 1, 1, 0}, {1, 0, 1, 1}, {1, 1, 1, 0}, {1, 0, 0, 0}};
+    HWND layouts = GetDlgItem(tessel.Frame(), IDC_LAYOUT_TOOLBAR);
     for (int layout = 0; layout < 12; ++layout) {
+        SendMessageW(layouts, TB_CHECKBUTTON, ID_LAYOUT_FIRST + (layout + 5) % 12, TRUE);  // a stray press
         SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST + layout, 0);
         for (int v = 0; v < 4; ++v)
             EXPECT_EQ(IsWindowVisible(View(tessel, v + 1)) != FALSE, shown[layout][v]) << layout << " " << v;
+        for (int other = 0; other < 12; ++other)
+            EXPECT_EQ(SendMessageW(layouts, TB_ISBUTTONCHECKED, ID_LAYOUT_FIRST + other, 0) != 0, other == layout)
+                << "only layout " << layout << " is pressed";
     }
     SendMessageW(tessel.Frame(), WM_COMMAND, ID_LAYOUT_FIRST + 5, 0);  // four columns
     for (int v = 1; v < 4; ++v) EXPECT_LT(Place(tessel, v).right, Place(tessel, v + 1).left + 1);
