@@ -188,9 +188,11 @@ void CMainFrame::SetLanguage(int languageId) {
     ShowLanguage();
 }
 
+// Texts only: the lists keep their selection, and the preview its item.
 void CMainFrame::ShowLanguage() {
     ReplaceMenu();
-    for (auto& panel : panels_) panel->Refresh();
+    for (auto& panel : panels_) panel->ShowLanguage();
+    if (PreviewShown()) preview_->Reread();
 }
 
 void CMainFrame::ShowStatusBar(bool show) {

@@ -108,12 +108,13 @@ void CComboBoxVista::Place(const RECT& area) {
     FitSegments(width);
 }
 
-// A path wider than the bar keeps its deepest segments: the first ones give way, the folder
-// shown always stays.
+// Every path starts at the item below the desktop (Computer, a user folder, the network), so all
+// T-Views start alike; the desktop shows only as itself. A path wider than the bar keeps its
+// deepest segments: the first ones give way, the folder shown always stays.
 void CComboBoxVista::FitSegments(int width) {
     const int count = SegmentCount();
-    for (int i = 0; i < count; ++i) SendMessageW(segmentBar_, TB_HIDEBUTTON, kFirstSegmentId + i, FALSE);
-    for (int hidden = 0; hidden + 1 < count; ++hidden) {
+    for (int i = 0; i < count; ++i) SendMessageW(segmentBar_, TB_HIDEBUTTON, kFirstSegmentId + i, i == 0 && count > 1);
+    for (int hidden = count > 1 ? 1 : 0; hidden + 1 < count; ++hidden) {
         RECT last{};
         SendMessageW(segmentBar_, TB_GETITEMRECT, count - 1, reinterpret_cast<LPARAM>(&last));
         if (last.right <= width) break;

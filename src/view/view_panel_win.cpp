@@ -298,6 +298,11 @@ void CPloder::HiddenFilesChanged() {
         if (browser && browser->hwnd()) browser->HiddenFilesChanged(browser.get() == active_);
 }
 
+void CPloder::ShowLanguage() {
+    SetWindowTextW(filterLabel_, GetText(IDS_FILTER_LABEL).c_str());
+    for (int i = 0; i < count_; ++i) browsers_[i]->RequestStatus();
+}
+
 void CPloder::Refresh() {
     if (laterWork_) return MakeLaterView();  // listed fresh as it is made
     if (active_) active_->RefreshView();

@@ -54,6 +54,7 @@ public:
     bool HasLocation() const;
     int ViewNumber() const override { return viewIndex_; }
     void Refresh();
+    void ShowLanguage();  // the panel's own texts and the status, in the language now chosen
     // Hidden files were switched for all T-Views: the lists and the toolbar button follow.
     void HiddenFilesChanged();
 

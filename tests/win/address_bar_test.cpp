@@ -112,6 +112,8 @@ TEST_F(AddressBar, SegmentsNameTheirFoldersAndTheStyleSwitchKeepsTheBar) {
     const int count = segments->SegmentCount();
     EXPECT_EQ(count, static_cast<int>(SendMessageW(segments->Segments(), TB_BUTTONCOUNT, 0, 0)));
     EXPECT_EQ(LowerCase(segments->SegmentText(count - 1)), L"deep") << "from the third on: the name in the parent";
+    EXPECT_TRUE(SendMessageW(segments->Segments(), TB_ISBUTTONHIDDEN, kFirstSegmentId, 0))
+        << "every T-View's path starts below the desktop";
     EXPECT_EQ(LowerCase(segments->Tooltip(kFirstSegmentId + count - 1)), LowerCase(files_ / L"deep"));
     EXPECT_EQ(segments->Tooltip(kEditPathId), L"Edit Path ;)");
     TBBUTTONINFOW info{sizeof(info), TBIF_STYLE};
@@ -125,6 +127,7 @@ TEST_F(AddressBar, SegmentsNameTheirFoldersAndTheStyleSwitchKeepsTheBar) {
     // The desktop itself is one segment.
     host_.Panel().NavigateTo(win::SpecialFolder(CSIDL_DESKTOP));
     EXPECT_EQ(segments->SegmentCount(), 1);
+    EXPECT_FALSE(SendMessageW(segments->Segments(), TB_ISBUTTONHIDDEN, kFirstSegmentId, 0)) << "shown as itself";
 
     Options().adresbar_style = 0;
     host_.Panel().ApplyAddressBarMode();
