@@ -8,7 +8,9 @@
 #include <set>
 #include <vector>
 
+#include "core/settings_text.h"
 #include "win/handles_win.h"
+#include "win/text_file_win.h"
 
 namespace tessel {
 namespace {
@@ -39,6 +41,24 @@ std::wstring AppDataTessel() {
 
 std::unique_ptr<CMyProfStr> g_settings;
 
+constexpr size_t kSettingsFileReadLimit = 64u << 20;
+
+// The files made sure to exist as UTF-16 in this process.
+std::set<std::wstring>& Ensured() {
+    static std::set<std::wstring> ensured;
+    return ensured;
+}
+
+void ForgetEnsured(const std::wstring& path) { Ensured().erase(path); }
+
+// Bare names live in the Windows folder, as the profile functions place them.
+std::wstring FullIniPath(const std::wstring& path) {
+    if (path.find(L'\\') != std::wstring::npos) return path;
+    wchar_t windows[MAX_PATH] = {};
+    GetWindowsDirectoryW(windows, MAX_PATH);
+    return std::wstring(windows) + L"\\" + path;
+}
+
 }  // namespace
 
 CMyProfStr::CMyProfStr() : CMyProfStr(ModulePath()) {}
@@ -46,7 +66,22 @@ CMyProfStr::CMyProfStr() : CMyProfStr(ModulePath()) {}
 CMyProfStr::CMyProfStr(const std::wstring& exePath) : exeFolder_(FolderOf(exePath)) {
     FileProbe probe;
     location_ = ChooseSettingsLocation(exePath, probe);
+    SetAsideIfUnreadable();
     if (location_.writeTestNeeded) RunWriteTest();
+}
+
+std::wstring CMyProfStr::FullSettingsPath() const { return FullIniPath(location_.filePath); }
+
+// A file the profile functions would read as nothing would be overwritten by defaults at the first
+// write: it is kept as "<name>.bad" instead, and the start tells the user.
+void CMyProfStr::SetAsideIfUnreadable() {
+    const std::wstring path = FullSettingsPath();
+    std::string bytes;
+    if (!win::ReadFileBytes(path, kSettingsFileReadLimit, bytes) || SettingsTextReadable(bytes)) return;
+    const std::wstring aside = path + L".bad";
+    if (!MoveFileExW(path.c_str(), aside.c_str(), MOVEFILE_REPLACE_EXISTING)) return;
+    ForgetEnsured(location_.filePath);
+    setAside_ = aside;
 }
 
 void CMyProfStr::RunWriteTest() {
@@ -148,14 +183,9 @@ std::wstring CMyProfStr::DataFolder() const {
 
 bool EnsureUnicodeIniFile(const std::wstring& path) {
     // Once per file and process: every settings write would otherwise open the file once more.
-    static std::set<std::wstring> ensured;
+    std::set<std::wstring>& ensured = Ensured();
     if (ensured.contains(path)) return true;
-    std::wstring full = path;
-    if (path.find(L'\\') == std::wstring::npos) {
-        wchar_t windows[MAX_PATH] = {};
-        GetWindowsDirectoryW(windows, MAX_PATH);
-        full = std::wstring(windows) + L"\\" + path;
-    }
+    const std::wstring full = FullIniPath(path);
     // CREATE_NEW never touches an existing file, so a user's file keeps its encoding.
     win::UniqueHandle file(
         CreateFileW(full.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));

@@ -26,6 +26,10 @@ public:
     std::wstring GetSectionOf(const std::wstring& file, std::wstring_view section);
 
     const std::wstring& SettingsPath() const { return location_.filePath; }
+    // The settings file with its folder, also when the platform places a bare name.
+    std::wstring FullSettingsPath() const;
+    // Where an unreadable settings file was set aside at construction, else "".
+    const std::wstring& SetAsidePath() const { return setAside_; }
     const std::wstring& BaseName() const { return location_.baseName; }
     const std::wstring& ConfigName() const { return location_.configName; }
     const std::wstring& ExeFolder() const { return exeFolder_; }
@@ -34,11 +38,13 @@ public:
 
 private:
     void RunWriteTest();
+    void SetAsideIfUnreadable();
     std::wstring RegistryKey() const;
 
     SettingsLocation location_;
     std::wstring exeFolder_;
     bool movedToUserFolder_ = false;  // the write test found the portable file read-only
+    std::wstring setAside_;
 };
 
 // Creates a missing INI-style file as UTF-16LE with a byte-order mark, so that the profile

@@ -6,12 +6,15 @@
 
 #include <memory>
 
+#include "core/fill_in.h"
+#include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "frame/app_module_win.h"
 #include "frame/help_win.h"
 #include "frame/instance_counter.h"
 #include "frame/main_frame_win.h"
 #include "frame/setup_win.h"
+#include "res/resource.h"
 #include "win/start_trace_win.h"
 #include "win/handles_win.h"
 
@@ -55,6 +58,9 @@ int Run(const std::wstring& commandLine, int showCommand) {
         PostQuitMessage(1);
         return 0;
     }
+    if (const std::wstring& aside = Settings().SetAsidePath(); !aside.empty())  // once: the file is gone now
+        MessageBoxW(nullptr, FillIn(GetText(IDS_SETTINGS_SET_ASIDE), {Settings().FullSettingsPath(), aside}).c_str(),
+                    GetText(60000).c_str(), MB_OK | MB_ICONWARNING);
     wchar_t exe[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, exe, MAX_PATH);
     RegisterFolderSetType(exe, UserRegistry{}, false);

@@ -96,6 +96,29 @@ TEST_F(Startup, AWindowMaximizedAtExitComesBackMaximizedWithItsNormalRectangleKe
     EXPECT_EQ(IniInt(L"WinMax", -1), 0);
 }
 
+// A settings file that cannot be read as text is kept as "<name>.bad", the user is told once, and
+// Tessel starts with its defaults in a fresh file.
+TEST_F(Startup, AnUnreadableSettingsFileIsKeptAsideAndTheUserToldOnce) {
+    const std::string damaged("\x00\x01[Start]\x00m_lang_id=1", 20);
+    WriteBytes(folder_ / L"Tessel.ini", damaged);
+    {
+        MessageAnswer ok;
+        TesselProcess tessel(exe_, L"");
+        ASSERT_TRUE(tessel.WaitForWindow());
+        EXPECT_EQ(ok.Count(), 1);
+        const std::wstring told = ok.Text();
+        EXPECT_NE(LowerCase(told).find(L"tessel.ini.bad"), std::wstring::npos) << "the message names the kept file";
+        EXPECT_EQ(tessel.CloseAndWait(), 0);
+    }
+    EXPECT_EQ(ReadBytes(folder_ / L"Tessel.ini.bad"), damaged) << "the user's bytes are kept";
+    EXPECT_TRUE(ReadBytes(folder_ / L"Tessel.ini").starts_with("\xFF\xFE")) << "a fresh file with the defaults";
+    MessageAnswer none;
+    TesselProcess again(exe_, L"");
+    ASSERT_TRUE(again.WaitForWindow());
+    EXPECT_EQ(again.CloseAndWait(), 0);
+    EXPECT_EQ(none.Count(), 0) << "told once";
+}
+
 TEST_F(Startup, InstancesNumberThemselvesAndBothRun) {
     TesselProcess first(exe_, L"");
     ASSERT_TRUE(first.WaitForWindow());
