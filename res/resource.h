@@ -9,6 +9,7 @@
 #define IDD_ABOUT 100
 #define IDC_ABOUT_TEXT 1001
 #define IDC_ABOUT_VERSION 1002
+#define IDC_ABOUT_SETTINGS 1003
 
 // Language packs: resources of type "IMG" named code + "-STRING".
 #define LANGUAGE_PACK_TYPE "IMG"

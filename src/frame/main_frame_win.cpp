@@ -246,7 +246,9 @@ static INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam,
     if (message == WM_INITDIALOG) {
         LocalizeDialog(dialog);
         SetDlgItemTextW(dialog, IDC_ABOUT_VERSION, L"Tessel 4.19");
-        return TRUE;
+        SetDlgItemTextW(dialog, IDC_ABOUT_SETTINGS, Settings().FullSettingsPath().c_str());
+        SetFocus(GetDlgItem(dialog, IDOK));  // the path is there to read and copy, not selected
+        return FALSE;
     }
     if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
         EndDialog(dialog, LOWORD(wParam));

@@ -381,6 +381,10 @@ TEST_F(Startup, ClosingWithAnOpenDialogWaitsHiddenUntilItIsGone) {
         for (int i = 0; i < 250 && !about; ++i, Sleep(20)) about = OwnDialog(tessel.Frame());
         ASSERT_NE(about, nullptr);
         EXPECT_TRUE(ShowsTexts(about)) << "the About box is localized";
+        // An edit of another process gives its text only to a sent WM_GETTEXT.
+        wchar_t named[MAX_PATH] = {};
+        SendMessageW(GetDlgItem(about, IDC_ABOUT_SETTINGS), WM_GETTEXT, MAX_PATH, reinterpret_cast<LPARAM>(named));
+        EXPECT_EQ(LowerCase(named), LowerCase(folder_ / L"tessel.ini")) << "and names the settings file";
         PostMessageW(tessel.Frame(), WM_CLOSE, 0, 0);
         EXPECT_EQ(tessel.WaitForExit(1500), -1) << "still running while the dialog is open";
         EXPECT_FALSE(IsWindowVisible(tessel.Frame())) << "parked out of sight";
