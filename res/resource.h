@@ -116,6 +116,7 @@
 #define IDC_PP_SETUP 1324
 #define IDC_PP_PRINT 1325
 #define IDC_PP_AREA 1326
+#define IDC_PP_ZOOM 1327
 #define ID_FILE_PRINT_PREVIEW 32934  // the shown list on paper
 #define IDC_TR_LANGUAGE 1300
 #define IDC_TR_SEARCH 1301

@@ -4,14 +4,18 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <iterator>
+#include <string>
 #include <utility>
 
 #include "core/fill_in.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "features/list_print.h"
+#include "features/preview_zoom.h"
 #include "res/resource.h"
 #include "win/handles_win.h"
+#include "win/window_win.h"
 
 namespace tessel {
 namespace {
@@ -122,9 +126,13 @@ struct PreviewState {
     PaperSetup setup = LoadPaperSetup();
     int page = 0;
     int pages = 1;
+    PreviewZoom zoom;
+    POINT scroll{};  // pixels of a page larger than the area, scrolled out at the top left
+    double scale = 0;  // as last painted, for the wheel's next step
+    SIZE overflow{};   // how far the page as last painted reaches beyond the area
 };
 
-// The page as large as the area allows, white on grey with its proportions kept.
+// The page on grey at the zoom chosen, centred when it fits and scrolled where it does not.
 void PaintPreview(const DRAWITEMSTRUCT& item, PreviewState& state) {
     HDC dc = item.hDC;
     const RECT& box = item.rcItem;
@@ -132,15 +140,21 @@ void PaintPreview(const DRAWITEMSTRUCT& item, PreviewState& state) {
     FillRect(dc, &box, grey.get());
     const int roomW = box.right - box.left - 16, roomH = box.bottom - box.top - 16;
     if (roomW <= 0 || roomH <= 0) return;
-    const double scale = std::min(static_cast<double>(roomW) / state.setup.PageWidth(),
-                                  static_cast<double>(roomH) / state.setup.PageHeight());
-    const int w = static_cast<int>(state.setup.PageWidth() * scale), h = static_cast<int>(state.setup.PageHeight() * scale);
-    RECT paper{box.left + (box.right - box.left - w) / 2, box.top + (box.bottom - box.top - h) / 2, 0, 0};
+    const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
+    state.scale = PreviewScale(state.zoom, state.setup.PageWidth(), state.setup.PageHeight(), roomW, roomH, dpi);
+    const int w = static_cast<int>(state.setup.PageWidth() * state.scale);
+    const int h = static_cast<int>(state.setup.PageHeight() * state.scale);
+    state.overflow = {std::max(0, w - roomW), std::max(0, h - roomH)};
+    state.scroll.x = std::clamp<LONG>(state.scroll.x, 0, state.overflow.cx);
+    state.scroll.y = std::clamp<LONG>(state.scroll.y, 0, state.overflow.cy);
+    RECT paper{w <= roomW ? box.left + (box.right - box.left - w) / 2 : box.left + 8 - state.scroll.x,
+               h <= roomH ? box.top + (box.bottom - box.top - h) / 2 : box.top + 8 - state.scroll.y, 0, 0};
     paper.right = paper.left + w;
     paper.bottom = paper.top + h;
     FillRect(dc, &paper, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     const int saved = SaveDC(dc);
-    IntersectClipRect(dc, paper.left, paper.top, paper.right, paper.bottom);
+    IntersectClipRect(dc, std::max(paper.left, box.left), std::max(paper.top, box.top), std::min(paper.right, box.right),
+                      std::min(paper.bottom, box.bottom));
     SetMapMode(dc, MM_ANISOTROPIC);
     SetWindowExtEx(dc, state.setup.PageWidth(), state.setup.PageHeight(), nullptr);
     SetViewportExtEx(dc, w, h, nullptr);
@@ -154,6 +168,29 @@ void ShowPageNumber(HWND dialog, const PreviewState& state) {
     SetDlgItemTextW(dialog, IDC_PP_PAGE, text.c_str());
     EnableWindow(GetDlgItem(dialog, IDC_PP_PREVIOUS), state.page > 0);
     EnableWindow(GetDlgItem(dialog, IDC_PP_NEXT), state.page + 1 < state.pages);
+}
+
+constexpr int kZoomPageText = 62420, kZoomWidthText = 62421;
+
+void FillZoomChoices(HWND dialog) {
+    HWND combo = GetDlgItem(dialog, IDC_PP_ZOOM);
+    SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(GetText(kZoomPageText).c_str()));
+    SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(GetText(kZoomWidthText).c_str()));
+    for (int step : kZoomSteps)
+        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>((std::to_wstring(step) + L" %").c_str()));
+}
+
+int ZoomChoiceOf(const PreviewZoom& zoom) {
+    if (zoom.fit != ZoomFit::kPercent) return zoom.fit == ZoomFit::kPage ? 0 : 1;
+    for (size_t i = 0; i < std::size(kZoomSteps); ++i)
+        if (kZoomSteps[i] == zoom.percent) return static_cast<int>(i) + 2;
+    return -1;
+}
+
+PreviewZoom ZoomOfChoice(int choice) {
+    if (choice <= 0) return {};
+    if (choice == 1) return {ZoomFit::kWidth, 100};
+    return {ZoomFit::kPercent, kZoomSteps[std::min<size_t>(static_cast<size_t>(choice - 2), std::size(kZoomSteps) - 1)]};
 }
 
 void Repaint(HWND dialog, PreviewState& state) {
@@ -262,8 +299,27 @@ INT_PTR CALLBACK PreviewProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
         LocalizeDialog(dialog);
         state = reinterpret_cast<PreviewState*>(lParam);
         CheckDlgButton(dialog, IDC_PP_LANDSCAPE, state->setup.landscape ? BST_CHECKED : BST_UNCHECKED);
+        FillZoomChoices(dialog);
+        SendDlgItemMessageW(dialog, IDC_PP_ZOOM, CB_SETCURSEL, ZoomChoiceOf(state->zoom), 0);
         Repaint(dialog, *state);
         return TRUE;
+    case WM_MOUSEWHEEL: {
+        if (!state) return FALSE;
+        const int steps = GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
+        if (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) {
+            if (steps == 0 || state->scale <= 0) return TRUE;
+            HDC screen = GetDC(dialog);
+            const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+            ReleaseDC(dialog, screen);
+            state->zoom = ZoomStep(state->scale, dpi, steps);
+            SendDlgItemMessageW(dialog, IDC_PP_ZOOM, CB_SETCURSEL, ZoomChoiceOf(state->zoom), 0);
+        } else {  // a page larger than the area scrolls; Shift scrolls sideways
+            LONG& along = (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) ? state->scroll.x : state->scroll.y;
+            along -= steps * win::Scaled(dialog, 60);
+        }
+        InvalidateRect(GetDlgItem(dialog, IDC_PP_AREA), nullptr, FALSE);
+        return TRUE;
+    }
     case WM_DRAWITEM:
         if (wParam != IDC_PP_AREA || !state) return FALSE;
         PaintPreview(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam), *state);
@@ -279,6 +335,12 @@ INT_PTR CALLBACK PreviewProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
             Repaint(dialog, *state);
             return TRUE;
         case IDC_PP_SETUP: PageSetup(dialog, *state); return TRUE;
+        case IDC_PP_ZOOM:
+            if (HIWORD(wParam) != CBN_SELCHANGE) return FALSE;
+            state->zoom = ZoomOfChoice(static_cast<int>(SendDlgItemMessageW(dialog, IDC_PP_ZOOM, CB_GETCURSEL, 0, 0)));
+            state->scroll = {};
+            InvalidateRect(GetDlgItem(dialog, IDC_PP_AREA), nullptr, FALSE);
+            return TRUE;
         case IDC_PP_PRINT: Print(dialog, *state); return TRUE;
         case IDOK:
         case IDCANCEL: EndDialog(dialog, IDOK); return TRUE;

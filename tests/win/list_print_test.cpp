@@ -109,5 +109,35 @@ TEST(ListPrint, ThePreviewTurnsPagesKeepsLandscapeAndSaysWhenNoPrinterIsThere) {
     SavePaperSetup(PaperSetup{});
 }
 
+// The preview opens on the whole page; the list chooses a share of the real size, and
+// Ctrl+wheel steps to the next share from what is shown.
+TEST(ListPrint, ThePreviewZoomsByItsListAndByCtrlWheel) {
+    ViewHost host(1);
+    struct Seen {
+        LRESULT atStart = -1, afterWheel = -1, afterWheelDown = -1;
+    } seen;
+    std::jthread user([&] {
+        HWND dialog = WaitForOwnedDialog(host.hwnd());
+        if (!dialog) return;
+        HWND zoom = GetDlgItem(dialog, IDC_PP_ZOOM), area = GetDlgItem(dialog, IDC_PP_AREA);
+        seen.atStart = SendMessageW(zoom, CB_GETCURSEL, 0, 0);
+        SendMessageW(zoom, CB_SETCURSEL, 5, 0);  // 100 %
+        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_PP_ZOOM, CBN_SELCHANGE), reinterpret_cast<LPARAM>(zoom));
+        UpdateWindow(area);
+        SendMessageW(dialog, WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, WHEEL_DELTA), 0);
+        seen.afterWheel = SendMessageW(zoom, CB_GETCURSEL, 0, 0);
+        UpdateWindow(area);
+        SendMessageW(dialog, WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, static_cast<WORD>(-2 * WHEEL_DELTA)), 0);
+        seen.afterWheelDown = SendMessageW(zoom, CB_GETCURSEL, 0, 0);
+        SendMessageW(dialog, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);  // scrolls, no crash
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    CPrintPreview::Run(host.hwnd(), Rows(200), L"C:\\Test");
+    user.join();
+    EXPECT_EQ(seen.atStart, 0) << "the whole page";
+    EXPECT_EQ(seen.afterWheel, 6) << "150 %";
+    EXPECT_EQ(seen.afterWheelDown, 5) << "one step down from 150 %, whatever the wheel's size: 100 %";
+}
+
 }  // namespace
 }  // namespace tessel::testing
