@@ -219,6 +219,10 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     const ListSort sort = shown_ && win::SamePidl(target_.get(), shown_.get()) ? SortToKeep() : ListSort{};
     if (folder) {
         RecordOutgoingState();
+        // Hidden items reach the list only where the system lists them: then each is looked at.
+        SHELLSTATE state{};
+        SHGetSetSettings(&state, SSF_SHOWALLOBJECTS, FALSE);
+        hiddenMayArrive_ = state.fShowAllObjects != 0;
         listing_.Begin(win::NowMs());
         ok = SwapInView(folder, NextFolderSettings(), counted);
         listing_.End();

@@ -35,7 +35,7 @@ STDMETHODIMP CMyShellBrowser::IncludeObject(IShellView*, PCUITEMID_CHILD item) {
     if (listing_.Step(&win::NowMs)) ShowListingProgress();
     IShellFolder* folder = ListedFolder();
     if (!folder || !item) return S_OK;
-    if (!Options().show_hidden) {
+    if (!Options().show_hidden && hiddenMayArrive_) {
         SFGAOF hidden = SFGAO_HIDDEN;
         PCUITEMID_CHILD items[] = {item};
         if (SUCCEEDED(folder->GetAttributesOf(1, items, &hidden)) && (hidden & SFGAO_HIDDEN)) return S_FALSE;

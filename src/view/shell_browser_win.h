@@ -355,6 +355,7 @@ private:
     FolderSizeWorker sizeWorker_;
     int sizeColumn_ = -1;
     bool relistWhenShown_ = false;  // hidden files were switched while the tab was not shown
+    bool hiddenMayArrive_ = true;   // the system lists hidden items, so the view may offer them
     bool columnsRemembered_ = false;  // the view read its columns from a memory or the history
     int columnFitTries_ = 0;
     std::set<std::wstring> sizesShown_;  // rows whose measured size was drawn
