@@ -128,9 +128,53 @@ struct PreviewState {
     int pages = 1;
     PreviewZoom zoom;
     POINT scroll{};  // pixels of a page larger than the area, scrolled out at the top left
-    double scale = 0;  // as last painted, for the wheel's next step
     SIZE overflow{};   // how far the page as last painted reaches beyond the area
+    SIZE areaGap{};    // from the area's right and bottom to the dialog's, as the resource lays it out
+    int bottomRowGap = 0;  // from the bottom row's top to the dialog's bottom
 };
+
+// The resource's layout: the area ends 6 units left of the right edge and 24 above the bottom,
+// and the bottom row starts 20 above it.
+constexpr int kAreaGapX = 6, kAreaGapY = 24, kBottomRowGap = 20;
+
+RECT ChildRect(HWND dialog, int id) {
+    RECT rect{};
+    GetWindowRect(GetDlgItem(dialog, id), &rect);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+// The area takes what the dialog gains or loses; the zoom list and Close stay at the bottom.
+void LayOutPreview(HWND dialog, const PreviewState& state) {
+    RECT client{};
+    GetClientRect(dialog, &client);
+    const RECT area = ChildRect(dialog, IDC_PP_AREA);
+    SetWindowPos(GetDlgItem(dialog, IDC_PP_AREA), nullptr, 0, 0, std::max<LONG>(0, client.right - state.areaGap.cx - area.left),
+                 std::max<LONG>(0, client.bottom - state.areaGap.cy - area.top), SWP_NOMOVE | SWP_NOZORDER);
+    const int top = client.bottom - state.bottomRowGap;
+    const RECT zoom = ChildRect(dialog, IDC_PP_ZOOM), close = ChildRect(dialog, IDOK);
+    SetWindowPos(GetDlgItem(dialog, IDC_PP_ZOOM), nullptr, zoom.left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    SetWindowPos(GetDlgItem(dialog, IDOK), nullptr, client.right - state.areaGap.cx - (close.right - close.left), top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER);
+    InvalidateRect(dialog, nullptr, TRUE);
+}
+
+// A dialog larger than the screen's work area (a small screen at a large scale) is made to fit it.
+void FitToWorkArea(HWND dialog) {
+    MONITORINFO monitor{sizeof(monitor)};
+    RECT window{};
+    if (!GetMonitorInfoW(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor) || !GetWindowRect(dialog, &window)) return;
+    const RECT& work = monitor.rcWork;
+    const int w = std::min(window.right - window.left, work.right - work.left);
+    const int h = std::min(window.bottom - window.top, work.bottom - work.top);
+    if (w == window.right - window.left && h == window.bottom - window.top) return;
+    SetWindowPos(dialog, nullptr, work.left + (work.right - work.left - w) / 2, work.top + (work.bottom - work.top - h) / 2, w, h,
+                 SWP_NOZORDER);
+}
+
+double ShownScale(const PreviewState& state, int roomW, int roomH, int dpi) {
+    return PreviewScale(state.zoom, state.setup.PageWidth(), state.setup.PageHeight(), roomW, roomH, dpi);
+}
 
 // The page on grey at the zoom chosen, centred when it fits and scrolled where it does not.
 void PaintPreview(const DRAWITEMSTRUCT& item, PreviewState& state) {
@@ -140,10 +184,9 @@ void PaintPreview(const DRAWITEMSTRUCT& item, PreviewState& state) {
     FillRect(dc, &box, grey.get());
     const int roomW = box.right - box.left - 16, roomH = box.bottom - box.top - 16;
     if (roomW <= 0 || roomH <= 0) return;
-    const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
-    state.scale = PreviewScale(state.zoom, state.setup.PageWidth(), state.setup.PageHeight(), roomW, roomH, dpi);
-    const int w = static_cast<int>(state.setup.PageWidth() * state.scale);
-    const int h = static_cast<int>(state.setup.PageHeight() * state.scale);
+    const double scale = ShownScale(state, roomW, roomH, GetDeviceCaps(dc, LOGPIXELSY));
+    const int w = static_cast<int>(state.setup.PageWidth() * scale);
+    const int h = static_cast<int>(state.setup.PageHeight() * scale);
     state.overflow = {std::max(0, w - roomW), std::max(0, h - roomH)};
     state.scroll.x = std::clamp<LONG>(state.scroll.x, 0, state.overflow.cx);
     state.scroll.y = std::clamp<LONG>(state.scroll.y, 0, state.overflow.cy);
@@ -301,17 +344,34 @@ INT_PTR CALLBACK PreviewProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
         CheckDlgButton(dialog, IDC_PP_LANDSCAPE, state->setup.landscape ? BST_CHECKED : BST_UNCHECKED);
         FillZoomChoices(dialog);
         SendDlgItemMessageW(dialog, IDC_PP_ZOOM, CB_SETCURSEL, ZoomChoiceOf(state->zoom), 0);
+        {
+            // The resource's gaps in dialog units: the window may already be cut to the screen.
+            RECT gaps{kAreaGapX, kAreaGapY, kBottomRowGap, 0};
+            MapDialogRect(dialog, &gaps);
+            state->areaGap = {gaps.left, gaps.top};
+            state->bottomRowGap = gaps.right;
+        }
+        FitToWorkArea(dialog);
+        LayOutPreview(dialog, *state);
         Repaint(dialog, *state);
+        return TRUE;
+    case WM_SIZE:
+        if (state && state->bottomRowGap > 0) LayOutPreview(dialog, *state);
+        return TRUE;
+    case WM_GETMINMAXINFO:
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {win::Scaled(dialog, 420), win::Scaled(dialog, 240)};
         return TRUE;
     case WM_MOUSEWHEEL: {
         if (!state) return FALSE;
         const int steps = GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
         if (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) {
-            if (steps == 0 || state->scale <= 0) return TRUE;
+            if (steps == 0) return TRUE;
             HDC screen = GetDC(dialog);
             const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
             ReleaseDC(dialog, screen);
-            state->zoom = ZoomStep(state->scale, dpi, steps);
+            RECT area{};
+            GetClientRect(GetDlgItem(dialog, IDC_PP_AREA), &area);
+            state->zoom = ZoomStep(ShownScale(*state, area.right - 16, area.bottom - 16, dpi), dpi, steps);
             SendDlgItemMessageW(dialog, IDC_PP_ZOOM, CB_SETCURSEL, ZoomChoiceOf(state->zoom), 0);
         } else {  // a page larger than the area scrolls; Shift scrolls sideways
             LONG& along = (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) ? state->scroll.x : state->scroll.y;

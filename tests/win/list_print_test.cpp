@@ -115,21 +115,26 @@ TEST(ListPrint, ThePreviewZoomsByItsListAndByCtrlWheel) {
     ViewHost host(1);
     struct Seen {
         LRESULT atStart = -1, afterWheel = -1, afterWheelDown = -1;
+        bool closeInside = false;
     } seen;
     std::jthread user([&] {
         HWND dialog = WaitForOwnedDialog(host.hwnd());
         if (!dialog) return;
-        HWND zoom = GetDlgItem(dialog, IDC_PP_ZOOM), area = GetDlgItem(dialog, IDC_PP_AREA);
+        HWND zoom = GetDlgItem(dialog, IDC_PP_ZOOM);
         seen.atStart = SendMessageW(zoom, CB_GETCURSEL, 0, 0);
         SendMessageW(zoom, CB_SETCURSEL, 5, 0);  // 100 %
         SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_PP_ZOOM, CBN_SELCHANGE), reinterpret_cast<LPARAM>(zoom));
-        UpdateWindow(area);
         SendMessageW(dialog, WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, WHEEL_DELTA), 0);
         seen.afterWheel = SendMessageW(zoom, CB_GETCURSEL, 0, 0);
-        UpdateWindow(area);
         SendMessageW(dialog, WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, static_cast<WORD>(-2 * WHEEL_DELTA)), 0);
         seen.afterWheelDown = SendMessageW(zoom, CB_GETCURSEL, 0, 0);
         SendMessageW(dialog, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);  // scrolls, no crash
+        SetWindowPos(dialog, nullptr, 0, 0, 900, 520, SWP_NOMOVE | SWP_NOZORDER);  // smaller than the resource
+        RECT client{}, close{};
+        GetClientRect(dialog, &client);
+        GetWindowRect(GetDlgItem(dialog, IDOK), &close);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&close), 2);
+        seen.closeInside = close.bottom <= client.bottom && close.right <= client.right;
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
     CPrintPreview::Run(host.hwnd(), Rows(200), L"C:\\Test");
@@ -137,6 +142,7 @@ TEST(ListPrint, ThePreviewZoomsByItsListAndByCtrlWheel) {
     EXPECT_EQ(seen.atStart, 0) << "the whole page";
     EXPECT_EQ(seen.afterWheel, 6) << "150 %";
     EXPECT_EQ(seen.afterWheelDown, 5) << "one step down from 150 %, whatever the wheel's size: 100 %";
+    EXPECT_TRUE(seen.closeInside) << "a smaller dialog keeps its bottom row in view";
 }
 
 }  // namespace
