@@ -40,6 +40,14 @@ public:
     bool Remove(const std::wstring& path) override { return DeleteFileW(path.c_str()) != FALSE; }
 };
 
+// In a text box Ctrl+H deletes the character before the caret, as everywhere in Windows: there it
+// is not the hidden-files switch.
+bool EditKeepsKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam != 'H' || !(GetKeyState(VK_CONTROL) & 0x8000)) return false;
+    wchar_t name[16] = {};
+    return GetClassNameW(message.hwnd, name, 16) && _wcsicmp(name, L"Edit") == 0;
+}
+
 RECT StartRectangle() {
     RectI saved{};
     RECT rect{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
@@ -81,7 +89,7 @@ bool CMainFrame::CreateFrame(int showCommand) {
 
 bool CMainFrame::PreTranslate(MSG& message) {
     RouteWheel(message);
-    return hwnd() && accelerators_ && IsWindowVisible(hwnd()) &&
+    return hwnd() && accelerators_ && IsWindowVisible(hwnd()) && !EditKeepsKey(message) &&
            TranslateAcceleratorW(hwnd(), accelerators_, &message);
 }
 

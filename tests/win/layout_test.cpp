@@ -199,6 +199,21 @@ TEST_F(Layouts, AClickIntoAnotherViewsAddressBarPutsThatViewInUse) {
     const DWORD until = GetTickCount() + 3000;
     while (selectedDepth() != 2 && GetTickCount() < until) Sleep(50);
     EXPECT_EQ(selectedDepth(), 2) << "T-View 2 is in use: the tree shows its My Computer";
+
+    // Ctrl+H in the address box is the box's own key; in a list it switches hidden files.
+    const auto press = [](WORD key) {
+        INPUT keys[4] = {{INPUT_KEYBOARD, {.ki = {VK_CONTROL, 0, 0, 0, 0}}}, {INPUT_KEYBOARD, {.ki = {key, 0, 0, 0, 0}}},
+                         {INPUT_KEYBOARD, {.ki = {key, 0, KEYEVENTF_KEYUP, 0, 0}}},
+                         {INPUT_KEYBOARD, {.ki = {VK_CONTROL, 0, KEYEVENTF_KEYUP, 0, 0}}}};
+        SendInput(4, keys, sizeof(INPUT));
+        Sleep(400);
+    };
+    const std::wstring ini = folder_ / L"Tessel.ini";
+    press('H');
+    EXPECT_EQ(GetPrivateProfileIntW(L"Start", L"show_hidden", -1, ini.c_str()), -1) << "typed into the box";
+    press('2');  // the list of T-View 2
+    press('H');
+    EXPECT_EQ(GetPrivateProfileIntW(L"Start", L"show_hidden", -1, ini.c_str()), 1);
     EXPECT_EQ(tessel.CloseAndWait(), 0);
 }
 
