@@ -250,12 +250,27 @@ void CAdressBar::Command(int id, HWND from) {
     }
     if (id >= kFirstSegmentId && segments_ && id < kFirstSegmentId + segments_->SegmentCount()) {
         navigate_(win::ClonePidl(segments_->Segment(id - kFirstSegmentId)));
+    } else if (id == kSegmentsOverflowId && segments_) {
+        ShowHiddenSegments();
     } else if (id == kEditPathId && segments_) {
         editing_ = true;
         segments_->Show(false);
         ShowWindow(Combo(), SW_SHOWNA);
         SetFocus(Edit());
     }
+}
+
+// The segments that gave way for room, the desktop first, under "«".
+void CAdressBar::ShowHiddenSegments() {
+    win::UniqueMenu menu(CreatePopupMenu());
+    for (int i = 0; i < segments_->SegmentCount(); ++i)
+        if (!segments_->SegmentShown(i)) AppendMenuW(menu.get(), MF_STRING, i + 1, segments_->SegmentText(i).c_str());
+    RECT button{};
+    SendMessageW(segments_->Segments(), TB_GETRECT, kSegmentsOverflowId, reinterpret_cast<LPARAM>(&button));
+    POINT at{button.left, button.bottom};
+    ClientToScreen(segments_->Segments(), &at);
+    const int chosen = static_cast<int>(TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr));
+    if (chosen > 0 && segments_->Segment(chosen - 1)) navigate_(win::ClonePidl(segments_->Segment(chosen - 1)));
 }
 
 void CAdressBar::OpenSegmentPopup(int index) {

@@ -46,6 +46,7 @@ public:
     void Command(int id, HWND from);  // a button of the drive toolbar or of the segmented bar
     // Opens a segment's sub-folder list at its button; returns what was chosen and navigated to.
     void OpenSegmentPopup(int index);
+    void ShowHiddenSegments();
     // Enter in the edit field.
     bool SubmitTypedText();
     // The drop-down's folder hierarchy, made when the list opens.

@@ -53,6 +53,13 @@ void CComboBoxVista::SetPath(PCIDLIST_ABSOLUTE folder) {
         SendMessageW(segmentBar_, TB_DELETEBUTTON, i, 0);
     segments_.clear();
     texts_.clear();
+    TBBUTTON overflow{};
+    overflow.iBitmap = I_IMAGENONE;
+    overflow.idCommand = kSegmentsOverflowId;
+    overflow.fsState = TBSTATE_ENABLED | TBSTATE_HIDDEN;
+    overflow.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT;
+    overflow.iString = reinterpret_cast<INT_PTR>(L"\u00AB");
+    SendMessageW(segmentBar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&overflow));
     // The desktop, then one segment per item of the folder's list.
     win::UniquePidl step = win::ClonePidl(folder);
     std::vector<win::UniquePidl> reversed;
@@ -111,16 +118,25 @@ void CComboBoxVista::Place(const RECT& area) {
 // Every path starts at the item below the desktop (Computer, a user folder, the network), so all
 // T-Views start alike; the desktop shows only as itself. A path wider than the bar keeps its
 // deepest segments: the first ones give way, the folder shown always stays.
+// Segments that gave way are offered by "«" in front of the others.
 void CComboBoxVista::FitSegments(int width) {
     const int count = SegmentCount();
+    SendMessageW(segmentBar_, TB_HIDEBUTTON, kSegmentsOverflowId, TRUE);
     for (int i = 0; i < count; ++i) SendMessageW(segmentBar_, TB_HIDEBUTTON, kFirstSegmentId + i, i == 0 && count > 1);
     for (int hidden = count > 1 ? 1 : 0; hidden + 1 < count; ++hidden) {
         RECT last{};
-        SendMessageW(segmentBar_, TB_GETITEMRECT, count - 1, reinterpret_cast<LPARAM>(&last));
+        SendMessageW(segmentBar_, TB_GETRECT, kFirstSegmentId + count - 1, reinterpret_cast<LPARAM>(&last));
         if (last.right <= width) break;
         SendMessageW(segmentBar_, TB_HIDEBUTTON, kFirstSegmentId + hidden, TRUE);
+        SendMessageW(segmentBar_, TB_HIDEBUTTON, kSegmentsOverflowId, FALSE);
     }
 }
+
+bool CComboBoxVista::SegmentShown(int index) const {
+    return index >= 0 && index < SegmentCount() && !SendMessageW(segmentBar_, TB_ISBUTTONHIDDEN, kFirstSegmentId + index, 0);
+}
+
+bool CComboBoxVista::Overflows() const { return !SendMessageW(segmentBar_, TB_ISBUTTONHIDDEN, kSegmentsOverflowId, 0); }
 
 PCIDLIST_ABSOLUTE CComboBoxVista::Segment(int index) const {
     return index >= 0 && index < SegmentCount() ? segments_[index].get() : nullptr;

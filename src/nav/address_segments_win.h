@@ -11,6 +11,7 @@
 
 namespace tessel {
 
+inline constexpr int kSegmentsOverflowId = 110;  // "«": the segments that have no room
 inline constexpr int kFirstSegmentId = 111;
 inline constexpr int kEditPathId = 1123;
 
@@ -30,6 +31,8 @@ public:
     PCIDLIST_ABSOLUTE Segment(int index) const;  // absolute; null outside the range
     std::wstring SegmentText(int index) const;
     std::wstring Tooltip(int command) const;
+    bool SegmentShown(int index) const;
+    bool Overflows() const;  // segments below the desktop gave way, behind "«"
     HWND Segments() const { return segmentBar_; }
     HWND EditButton() const { return editBar_; }
 

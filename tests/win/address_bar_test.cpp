@@ -110,10 +110,20 @@ TEST_F(AddressBar, SegmentsNameTheirFoldersAndTheStyleSwitchKeepsTheBar) {
     ASSERT_NE(segments, nullptr);
     EXPECT_FALSE(IsWindowVisible(Bar()->Combo()));
     const int count = segments->SegmentCount();
-    EXPECT_EQ(count, static_cast<int>(SendMessageW(segments->Segments(), TB_BUTTONCOUNT, 0, 0)));
+    EXPECT_EQ(count + 1, static_cast<int>(SendMessageW(segments->Segments(), TB_BUTTONCOUNT, 0, 0))) << "and \u00AB";
     EXPECT_EQ(LowerCase(segments->SegmentText(count - 1)), L"deep") << "from the third on: the name in the parent";
     EXPECT_TRUE(SendMessageW(segments->Segments(), TB_ISBUTTONHIDDEN, kFirstSegmentId, 0))
         << "every T-View's path starts below the desktop";
+    // A bar too narrow for the path keeps the folder shown and offers the others under "«".
+    RECT area{0, 0, 120, 24};
+    segments->Place(area);
+    EXPECT_TRUE(segments->Overflows());
+    EXPECT_FALSE(segments->SegmentShown(1));
+    EXPECT_TRUE(segments->SegmentShown(count - 1));
+    segments->Place({0, 0, 4000, 24});
+    EXPECT_FALSE(segments->Overflows()) << "with room, every segment below the desktop shows";
+    EXPECT_TRUE(segments->SegmentShown(1));
+    host_.Panel().ApplyAddressBarMode();  // laid out as the panel lays it out
     EXPECT_EQ(LowerCase(segments->Tooltip(kFirstSegmentId + count - 1)), LowerCase(files_ / L"deep"));
     EXPECT_EQ(segments->Tooltip(kEditPathId), L"Edit Path ;)");
     TBBUTTONINFOW info{sizeof(info), TBIF_STYLE};
