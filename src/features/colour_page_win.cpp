@@ -6,15 +6,14 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "core/help_win.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
-#include "frame/user_text_file_win.h"
+#include "core/user_text_file_win.h"
 #include "features/colour_picker_win.h"
 #include "features/list_export.h"
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
-#include "frame/folder_set.h"
-#include "frame/help_win.h"
 #include "res/resource.h"
 #include "win/file_dialog_win.h"
 #include "win/text_file_win.h"

@@ -1,8 +1,8 @@
 #pragma once
 // The colour page of the options dialog: the colour rules as a list to edit, the schemes, the
 // rules file, the effective order of the tokens.
+#include "core/options_page_win.h"
 #include "features/colour_rules.h"
-#include "frame/options_dialog_win.h"
 
 #include <string>
 #include <vector>

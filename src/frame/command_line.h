@@ -20,10 +20,6 @@ struct HelpRequest {
 
 // "-help" at position 0; the anchor is the text between the first and second "#".
 HelpRequest ParseHelpRequest(std::wstring_view line);
-// The anchor as it may go on a browser's command line: "#" and a topic of letters, digits, "_",
-// "-" and "."; anything else (a quote would end the argument) gives "" and the page opens at
-// its start.
-std::wstring SafeHelpAnchor(std::wstring_view anchor);
 
 struct StartPlan {
     bool loadLastState = false;          // under the crash-start guard, before any navigation

@@ -7,10 +7,10 @@
 
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "core/user_text_file_win.h"
 #include "frame/main_frame_win.h"
-#include "frame/user_text_file_win.h"
-#include "res/resource.h"
 #include "nav/tab_view_win.h"
+#include "res/resource.h"
 #include "view/column_memory.h"
 #include "win/handles_win.h"
 #include "win/shell_item_win.h"

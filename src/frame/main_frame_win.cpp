@@ -7,19 +7,19 @@
 #include <utility>
 
 #include "core/general_options.h"
+#include "core/help_win.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
 #include "features/list_export_win.h"
 #include "features/list_print_win.h"
 #include "features/program_colours_win.h"
-#include "frame/help_win.h"
 #include "frame/options_dialog_win.h"
 #include "frame/translation_editor_win.h"
 #include "frame/window_placement.h"
-#include "win/start_trace_win.h"
 #include "res/resource.h"
 #include "win/shell_item_win.h"
+#include "win/start_trace_win.h"
 
 namespace tessel {
 namespace {

@@ -7,16 +7,16 @@
 #include <memory>
 
 #include "core/fill_in.h"
+#include "core/help_win.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "frame/app_module_win.h"
-#include "frame/help_win.h"
 #include "frame/instance_counter.h"
 #include "frame/main_frame_win.h"
 #include "frame/setup_win.h"
 #include "res/resource.h"
-#include "win/start_trace_win.h"
 #include "win/handles_win.h"
+#include "win/start_trace_win.h"
 
 namespace tessel {
 

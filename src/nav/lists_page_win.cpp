@@ -6,8 +6,8 @@
 
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "core/user_text_file_win.h"
 #include "features/list_export.h"
-#include "frame/user_text_file_win.h"
 #include "res/resource.h"
 #include "win/file_dialog_win.h"
 #include "win/text_file_win.h"

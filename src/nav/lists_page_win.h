@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "frame/options_dialog_win.h"
+#include "core/options_page_win.h"
 #include "nav/quick_links.h"
 
 namespace tessel {

@@ -7,14 +7,14 @@
 
 #include <thread>
 
+#include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
+#include "core/user_text_file_win.h"
 #include "features/program_colours_win.h"
-#include "core/general_options.h"
 #include "frame/option_pages.h"
 #include "frame/options_dialog_win.h"
 #include "frame/switches_page_win.h"
-#include "frame/user_text_file_win.h"
 #include "nav/quick_links.h"
 #include "res/resource.h"
 #include "view_host_win.h"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/help_anchor.h"
 
 namespace tessel {
 namespace {

@@ -1,11 +1,11 @@
-#include "frame/help_win.h"
+#include "core/help_win.h"
 
 #include <windows.h>
 #include <shellapi.h>
 #include <shlwapi.h>
 
+#include "core/help_anchor.h"
 #include "core/settings_location.h"
-#include "frame/command_line.h"
 
 namespace tessel {
 namespace {

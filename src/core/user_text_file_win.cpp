@@ -1,4 +1,4 @@
-#include "frame/user_text_file_win.h"
+#include "core/user_text_file_win.h"
 
 #include <windows.h>
 
@@ -6,7 +6,7 @@
 
 #include "core/fill_in.h"
 #include "core/language_packs_win.h"
-#include "frame/folder_set.h"
+#include "core/utf8.h"
 #include "res/resource.h"
 #include "win/text_file_win.h"
 
@@ -25,7 +25,7 @@ std::wstring CodePageText(std::string_view bytes) {
 
 std::wstring ReadUserTextFile(const std::wstring& path, size_t limit) {
     std::string bytes;
-    return win::ReadFileBytes(path, limit, bytes) ? FolderSetText(bytes, CodePageText) : std::wstring();
+    return win::ReadFileBytes(path, limit, bytes) ? DecodeTextFile(bytes, CodePageText) : std::wstring();
 }
 
 UserFileProblem ReadUserTextFile(const std::wstring& path, size_t limit, std::wstring& text) {
@@ -37,7 +37,7 @@ UserFileProblem ReadUserTextFile(const std::wstring& path, size_t limit, std::ws
     if (facts.nFileSizeHigh != 0 || facts.nFileSizeLow > limit) return UserFileProblem::kTooLarge;
     std::string bytes;
     if (!win::ReadFileBytes(path, limit, bytes)) return UserFileProblem::kUnreadable;
-    text = FolderSetText(bytes, CodePageText);
+    text = DecodeTextFile(bytes, CodePageText);
     return text.find_first_not_of(L" \t\r\n") == std::wstring::npos ? UserFileProblem::kEmpty : UserFileProblem::kNone;
 }
 
