@@ -1,7 +1,7 @@
 // The "Programs", "Quick-Links" and "Association" sections as the settings file holds them, and a
 // command line made from an entry: parsing never fails, entries survive writing and reading back,
 // and the expansions never touch a guarded text.
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "view/command_placeholders.h"
 #include "fuzz_text.h"
 

@@ -12,7 +12,7 @@
 
 #include "bench_support_win.h"
 #include "core/settings_store_win.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 
 using namespace tessel;
 using namespace tessel::bench;

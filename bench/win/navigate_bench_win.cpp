@@ -20,7 +20,7 @@
 #include "features/list_export_win.h"
 #include "features/program_colours_win.h"
 #include "nav/address_popup_win.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 #include "win/shell_item_win.h"
 
 using namespace tessel;

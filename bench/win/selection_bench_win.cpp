@@ -18,7 +18,7 @@
 #include "core/settings_store_win.h"
 #include "features/folder_size_worker_win.h"
 #include "features/folder_walk.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 #include "win/shell_item_win.h"
 
 using namespace tessel;

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "bare_host_win.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 
 namespace tessel::bench {
 

@@ -18,7 +18,7 @@
 #include "nav/folder_tree_win.h"
 #include "frame/last_state.h"
 #include "frame/parking_win.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 #include "win/window_win.h"
 
 namespace tessel {

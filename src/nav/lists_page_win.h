@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/options_page_win.h"
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 
 namespace tessel {
 

@@ -7,7 +7,7 @@
 #include <shlwapi.h>
 
 #include "core/settings_store_win.h"
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "view/command_placeholders.h"
 #include "view/command_placeholders_win.h"
 #include "view/shell_browser_win.h"

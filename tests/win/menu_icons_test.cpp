@@ -5,7 +5,7 @@
 
 #include <atomic>
 
-#include "view/menu_icons_win.h"
+#include "panel/menu_icons_win.h"
 #include "view_host_win.h"
 #include "win/handles_win.h"
 

@@ -15,7 +15,7 @@
 #include "frame/option_pages.h"
 #include "frame/options_dialog_win.h"
 #include "frame/switches_page_win.h"
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "res/resource.h"
 #include "view_host_win.h"
 

@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "core/settings_store_win.h"
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "res/resource.h"
 #include "view_host_win.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "support_win.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 #include "win/com_ptr_win.h"
 
 namespace tessel::testing {

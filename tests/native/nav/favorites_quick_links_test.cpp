@@ -4,7 +4,7 @@
 #include <set>
 
 #include "nav/favorites_folder.h"
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "nav/search_favorite.h"
 #include "support/memory_settings.h"
 

@@ -4,7 +4,7 @@
 
 #include <set>
 
-#include "view/browser_slots.h"
+#include "panel/browser_slots.h"
 #include "view/copy_name.h"
 #include "view/listing_progress.h"
 #include "view/location_text.h"

@@ -1,4 +1,4 @@
-#include "view/menu_icons_win.h"
+#include "panel/menu_icons_win.h"
 
 #include <shellapi.h>
 
@@ -6,7 +6,7 @@
 #include <deque>
 #include <mutex>
 
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "view/command_placeholders_win.h"
 
 namespace tessel {

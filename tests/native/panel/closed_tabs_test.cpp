@@ -1,4 +1,4 @@
-#include "view/closed_tabs.h"
+#include "panel/closed_tabs.h"
 
 #include <gtest/gtest.h>
 

@@ -10,11 +10,11 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "nav/favorites_win.h"
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 #include "res/resource.h"
 #include "view/command_placeholders_win.h"
-#include "view/menu_icons_win.h"
-#include "view/view_panel_win.h"
+#include "panel/menu_icons_win.h"
+#include "panel/view_panel_win.h"
 #include "win/shell_item_win.h"
 
 namespace tessel {

@@ -1,7 +1,7 @@
 // The T-View's filter box: its text becomes the filter of every browser view of the panel.
 #include "core/settings_store_win.h"
 #include "features/program_colours_win.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 #include "win/text_suggestions_win.h"
 #include "win/window_win.h"
 

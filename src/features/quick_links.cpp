@@ -1,4 +1,4 @@
-#include "nav/quick_links.h"
+#include "features/quick_links.h"
 
 #include <algorithm>
 #include <cwctype>

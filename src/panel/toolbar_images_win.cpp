@@ -1,4 +1,4 @@
-#include "view/toolbar_images_win.h"
+#include "panel/toolbar_images_win.h"
 
 #include <initializer_list>
 #include <vector>

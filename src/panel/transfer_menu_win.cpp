@@ -7,7 +7,7 @@
 #include "core/language_packs_win.h"
 #include "core/settings_store_win.h"
 #include "res/resource.h"
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 
 namespace tessel {
 namespace {

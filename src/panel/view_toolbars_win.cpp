@@ -1,4 +1,4 @@
-#include "view/view_toolbars_win.h"
+#include "panel/view_toolbars_win.h"
 
 #include <string>
 #include <utility>
@@ -6,8 +6,8 @@
 #include "core/general_options.h"
 #include "core/language_packs_win.h"
 #include "res/resource.h"
-#include "view/toolbar_fit.h"
-#include "view/toolbar_images_win.h"
+#include "panel/toolbar_fit.h"
+#include "panel/toolbar_images_win.h"
 #include "win/handles_win.h"
 #include "win/window_win.h"
 

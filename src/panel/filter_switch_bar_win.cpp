@@ -1,9 +1,9 @@
-#include "view/filter_switch_bar_win.h"
+#include "panel/filter_switch_bar_win.h"
 
 #include <commctrl.h>
 
 #include "res/resource.h"
-#include "view/toolbar_images_win.h"
+#include "panel/toolbar_images_win.h"
 #include "win/window_win.h"
 
 namespace tessel {

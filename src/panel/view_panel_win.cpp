@@ -1,4 +1,4 @@
-#include "view/view_panel_win.h"
+#include "panel/view_panel_win.h"
 
 #include <commctrl.h>
 #include <shlobj.h>

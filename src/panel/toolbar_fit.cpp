@@ -1,4 +1,4 @@
-#include "view/toolbar_fit.h"
+#include "panel/toolbar_fit.h"
 
 #include <cstddef>
 #include <numeric>

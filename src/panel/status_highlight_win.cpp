@@ -1,4 +1,4 @@
-#include "view/status_highlight_win.h"
+#include "panel/status_highlight_win.h"
 
 #include <commctrl.h>
 
