@@ -5,15 +5,13 @@
 #include <shlwapi.h>
 
 #include "core/help_anchor.h"
-#include "core/settings_location.h"
+#include "win/file_system_win.h"
 
 namespace tessel {
 namespace {
 
 std::wstring HelpPagePath() {
-    wchar_t exe[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, exe, MAX_PATH);
-    return FolderOf(exe) + L"\\help\\index.html";
+    return win::ModuleFolder() + L"\\help\\index.html";
 }
 
 std::wstring FileUrl(const std::wstring& path) {

@@ -2,6 +2,7 @@
 
 #include "core/general_options.h"
 #include "core/utf8.h"
+#include "win/file_system_win.h"
 #include "win/text_file_win.h"
 
 namespace tessel {
@@ -14,11 +15,7 @@ constexpr int kLanguageNameId = 62226;  // each pack names its own language
 }  // namespace
 
 std::wstring LanguageFilePath(std::wstring_view code) {
-    wchar_t exe[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, exe, MAX_PATH);
-    std::wstring path(exe);
-    path.erase(path.find_last_of(L'\\') + 1);
-    return path + L"Tessel-" + std::wstring(code) + L".lng";
+    return win::ModuleFolder() + L"\\Tessel-" + std::wstring(code) + L".lng";
 }
 
 std::wstring ReadLanguageFile(std::wstring_view code) {

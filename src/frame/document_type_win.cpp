@@ -4,6 +4,7 @@
 
 #include "core/language_packs_win.h"
 #include "core/text_case.h"
+#include "win/file_system_win.h"
 #include "win/registry_win.h"
 
 namespace tessel {
@@ -22,11 +23,6 @@ std::wstring ProgramOf(const std::wstring& command) {
     return command.substr(0, command.find(L' '));
 }
 
-bool FileExists(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
 }  // namespace
 
 std::wstring FolderSetOpenCommand(const std::wstring& exe) { return L"\"" + exe + L"\" \"%1\""; }
@@ -42,7 +38,7 @@ bool RegisterFolderSetType(const std::wstring& exe, const UserRegistry& registry
     win::GetRegString(registry.root, CommandKey(registry), nullptr, command);
     if (command == FolderSetOpenCommand(exe)) return true;
     const std::wstring current = ProgramOf(command);
-    if (!claim && !current.empty() && FileExists(current)) return true;  // another copy's, and it works
+    if (!claim && !current.empty() && win::IsExistingFile(current)) return true;  // another copy's, and it works
     const std::wstring type = registry.Classes() + L"\\" + kFolderSetProgId;
     const bool written = win::SetRegString(registry.root, registry.Classes() + L"\\.tsf", nullptr, kFolderSetProgId) &&
                          win::SetRegString(registry.root, type, nullptr, GetText(62120)) &&

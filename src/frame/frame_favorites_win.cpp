@@ -13,6 +13,7 @@
 #include "nav/favorite_dialogs_win.h"
 #include "nav/favorites_win.h"
 #include "res/resource.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 #include "win/text_file_win.h"
 
@@ -24,7 +25,6 @@ bool EndsWith(const std::wstring& path, std::wstring_view extension) {
            EqualNoCase(std::wstring_view(path).substr(path.size() - extension.size()), extension);
 }
 
-bool Exists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 }  // namespace
 
@@ -78,7 +78,7 @@ bool CMainFrame::ChooseFavoritesFolder() {
 std::wstring CMainFrame::FreeFavoritePath(const std::wstring& folder, std::wstring name, bool search) {
     for (;;) {
         const std::wstring path = search ? SearchFavoritePath(folder + name) : FolderSetPath(folder + name);
-        if (!Exists(path)) return path;
+        if (!win::PathExists(path)) return path;
         const std::wstring asked = name;
         if (!CInputDlg::Show(hwnd(), L"", name) || name.empty()) return {};
         if (name == asked) return path;
@@ -112,9 +112,7 @@ void CMainFrame::AddSearchFavorite() {
 // filter, a folder or a link to one opens in the T-View in use, anything else the shell opens.
 void CMainFrame::OpenFavorite(const std::wstring& path, bool folder, bool newWindow) {
     if (newWindow && !EndsWith(path, kSearchFavoriteExtension)) {
-        wchar_t exe[MAX_PATH] = {};
-        GetModuleFileNameW(nullptr, exe, MAX_PATH);
-        ShellExecuteW(hwnd(), L"open", exe, (L"\"" + path + L"\"").c_str(), nullptr, SW_SHOWNORMAL);
+        ShellExecuteW(hwnd(), L"open", win::ModulePath().c_str(), (L"\"" + path + L"\"").c_str(), nullptr, SW_SHOWNORMAL);
         return;
     }
     if (!folder && EndsWith(path, L".tsf")) {

@@ -18,6 +18,7 @@
 #include "frame/translation_editor_win.h"
 #include "frame/window_placement.h"
 #include "res/resource.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 #include "win/start_trace_win.h"
 
@@ -29,11 +30,6 @@ constexpr UINT kTimerSaveState = 2001;
 constexpr UINT kSaveStateDelayMs = 3000;  // changes within this time are saved together
 constexpr int kFailedLoadParam = 100;  // lParam of the command posted when a named file fails
 constexpr UINT kMsgFocusMoved = WM_APP + 0x160;  // the focus moved to the window in lParam
-
-bool IsExistingFile(const std::wstring& path) {
-    DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
 
 class FileRemover : public IFileRemover {
 public:
@@ -130,7 +126,7 @@ bool CMainFrame::OnCreate() {
 }
 
 void CMainFrame::ApplyCommandLine() {
-    StartPlan plan = InterpretCommandLine(commandLine_, Options().Als, IsExistingFile);
+    StartPlan plan = InterpretCommandLine(commandLine_, Options().Als, win::IsExistingFile);
     if (plan.loadLastState) {
         FileRemover remover;
         lastStateOpen_ = true;  // until the T-Views left for later are made
@@ -293,11 +289,10 @@ void CMainFrame::ApplyColours() {
 
 void CMainFrame::StartFurtherInstance() {
     const std::wstring handOver = HandOverStatePath(Settings().DataFolder());
-    wchar_t exe[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, exe, MAX_PATH);
+    const std::wstring exe = win::ModulePath();
     // Without a hand-over file the new window starts as any normal start does.
     std::wstring parameters = SaveFolderSet(handOver) ? L"\"" + handOver + L"\"" : L"";
-    ShellExecuteW(hwnd(), L"open", exe, parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
+    ShellExecuteW(hwnd(), L"open", exe.c_str(), parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
 }
 
 // Closing the magnifier's window comes back here as the same command, outside its own handler.

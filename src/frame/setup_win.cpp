@@ -13,6 +13,7 @@
 #include "core/settings_store_win.h"
 #include "core/text_case.h"
 #include "frame/command_line.h"
+#include "win/file_system_win.h"
 #include "win/registry_win.h"
 #include "win/shell_item_win.h"
 #include "win/text_file_win.h"
@@ -22,7 +23,6 @@ namespace {
 
 constexpr wchar_t kBackupSuffix[] = L".previous";
 
-bool Exists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 std::wstring FileNameOf(const std::wstring& path) { return path.substr(path.rfind(L'\\') + 1); }
 
@@ -53,7 +53,7 @@ std::vector<std::wstring> FilesIn(const std::wstring& folder) {
 }
 
 bool CreateFolderStep(SetupSteps& steps, const std::wstring& folder) {
-    if (Exists(folder)) return true;
+    if (win::PathExists(folder)) return true;
     return steps.Run(Line(62130, folder), Line(62131, folder),
                      [&] { return SHCreateDirectoryExW(nullptr, folder.c_str(), nullptr) == ERROR_SUCCESS; },
                      [folder] { RemoveDirectoryW(folder.c_str()); });
@@ -63,7 +63,7 @@ bool CreateFolderStep(SetupSteps& steps, const std::wstring& folder) {
 bool CopyStep(SetupSteps& steps, const std::wstring& source, const std::wstring& target,
               std::vector<std::wstring>& backups) {
     const std::wstring backup = target + kBackupSuffix;
-    const bool hadOld = Exists(target);
+    const bool hadOld = win::PathExists(target);
     return steps.Run(Line(62132, target), Line(62133, target),
                      [&] {
                          if (hadOld && !MoveFileExW(target.c_str(), backup.c_str(), MOVEFILE_REPLACE_EXISTING)) return false;
@@ -96,7 +96,7 @@ void CopyProgramFiles(SetupSteps& steps, const std::wstring& sourceExe, const Se
 // The marker makes the installed copy keep its settings per user, even with a settings file beside it.
 void WriteMarkerStep(SetupSteps& steps, const SetupPlaces& places) {
     const std::wstring marker = places.MarkerPath();
-    const bool hadMarker = Exists(marker);
+    const bool hadMarker = win::PathExists(marker);
     steps.Run(Line(62134, marker), Line(62135, marker),
               [&] { return win::WriteUnicodeFile(marker, L"[Uninstall]\r\nFolder=" + places.programFolder + L"\r\n"); },
               [marker, hadMarker] {
@@ -164,7 +164,7 @@ bool RemoveAfterExit(const std::wstring& exe, const std::wstring& folder) {
 }
 
 void RemoveFileStep(SetupSteps& steps, const std::wstring& path) {
-    if (!Exists(path)) return;
+    if (!win::PathExists(path)) return;
     steps.Run(Line(62142, path), Line(62143, path), [&] { return DeleteFileW(path.c_str()) != FALSE; });
 }
 
@@ -173,7 +173,7 @@ void RemoveProgramFiles(SetupSteps& steps, const std::wstring& runningExe, const
                         const std::wstring& installedExe) {
     const bool removingSelf = EqualNoCase(runningExe, installedExe);
     bool deferred = false;
-    if (Exists(installedExe))
+    if (win::PathExists(installedExe))
         steps.Run(Line(62142, installedExe), Line(62143, installedExe), [&] {
             if (DeleteFileW(installedExe.c_str())) return true;
             deferred = removingSelf && RemoveAfterExit(installedExe, places.programFolder);
@@ -207,7 +207,7 @@ bool DeleteFolderTree(const std::wstring& folder) {
     operation.wFunc = FO_DELETE;
     operation.pFrom = from.c_str();
     operation.fFlags = FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
-    return SHFileOperationW(&operation) == 0 && !Exists(folder);
+    return SHFileOperationW(&operation) == 0 && !win::PathExists(folder);
 }
 
 void RemoveSettings(SetupSteps& steps, const SetupPlaces& places) {
@@ -217,7 +217,7 @@ void RemoveSettings(SetupSteps& steps, const SetupPlaces& places) {
     if (plan.registryKey && win::RegKeyExists(root, places.SettingsKey()))
         steps.Run(Line(62142, UserKey(places.SettingsKey())), Line(62143, UserKey(places.SettingsKey())),
                   [&] { return win::DeleteRegTree(root, places.SettingsKey()); });
-    if (plan.wholeDataFolder && Exists(places.dataFolder))
+    if (plan.wholeDataFolder && win::PathExists(places.dataFolder))
         steps.Run(Line(62142, places.dataFolder), Line(62143, places.dataFolder),
                   [&] { return DeleteFolderTree(places.dataFolder); });
     for (const std::wstring& file : plan.files) RemoveFileStep(steps, file);
@@ -225,7 +225,7 @@ void RemoveSettings(SetupSteps& steps, const SetupPlaces& places) {
 }
 
 bool InstalledHere(const SetupPlaces& places, const std::wstring& installedExe) {
-    return Exists(installedExe) || Exists(places.MarkerPath()) || Exists(places.ShortcutPath()) ||
+    return win::PathExists(installedExe) || win::PathExists(places.MarkerPath()) || win::PathExists(places.ShortcutPath()) ||
            win::RegKeyExists(places.registry.root, places.UninstallKey());
 }
 
@@ -240,11 +240,7 @@ void ShowReport(const SetupSteps& steps, int headline, bool offerStart, const st
         ShellExecuteW(nullptr, L"open", installedExe.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 
-std::wstring RunningExe() {
-    wchar_t exe[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, exe, MAX_PATH);
-    return exe;
-}
+std::wstring RunningExe() { return win::ModulePath(); }
 
 }  // namespace
 

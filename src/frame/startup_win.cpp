@@ -15,6 +15,7 @@
 #include "frame/main_frame_win.h"
 #include "frame/setup_win.h"
 #include "res/resource.h"
+#include "win/file_system_win.h"
 #include "win/handles_win.h"
 #include "win/start_trace_win.h"
 
@@ -61,9 +62,7 @@ int Run(const std::wstring& commandLine, int showCommand) {
     if (const std::wstring& aside = Settings().SetAsidePath(); !aside.empty())  // once: the file is gone now
         MessageBoxW(nullptr, FillIn(GetText(IDS_SETTINGS_SET_ASIDE), {Settings().FullSettingsPath(), aside}).c_str(),
                     GetText(60000).c_str(), MB_OK | MB_ICONWARNING);
-    wchar_t exe[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, exe, MAX_PATH);
-    RegisterFolderSetType(exe, UserRegistry{}, false);
+    RegisterFolderSetType(win::ModulePath(), UserRegistry{}, false);
     StartMark("document-type");
 
     // The mutex only counts instances: a further instance opens its own window.

@@ -4,6 +4,7 @@
 #include <shlobj.h>
 
 #include "core/settings_store_win.h"
+#include "win/file_system_win.h"
 
 namespace tessel {
 
@@ -14,9 +15,6 @@ std::wstring FavoritesPlacesWin::AppDataFolder() {
 
 std::wstring FavoritesPlacesWin::ProgramFolder() { return Settings().ExeFolder(); }
 
-bool FavoritesPlacesWin::FolderExists(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
+bool FavoritesPlacesWin::FolderExists(const std::wstring& path) { return win::IsDirectory(path); }
 
 }  // namespace tessel

@@ -6,6 +6,7 @@
 #include "nav/folder_tree_win.h"
 #include "nav/tab_ctrl_win.h"
 #include "view/file_clipboard_win.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 
 namespace tessel {
@@ -27,8 +28,7 @@ HTREEITEM CShellTreeDropTarget::ItemAt(POINTL screen) const {
 
 std::wstring CShellTreeDropTarget::FolderPathOf(HTREEITEM item) const {
     const std::wstring path = win::FileSystemPathOf(CShellTree2::FolderOf(tree_, item));
-    const DWORD kind = path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
-    return kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY) ? path : std::wstring();
+    return !path.empty() && win::IsDirectory(path) ? path : std::wstring();
 }
 
 // Files only, never a tab being dragged (its folder would be moved), never a folder into itself.

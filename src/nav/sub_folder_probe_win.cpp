@@ -1,4 +1,5 @@
 #include "nav/sub_folder_probe_win.h"
+#include "win/file_system_win.h"
 
 namespace tessel {
 
@@ -44,8 +45,7 @@ void SubFolderProbe::Work(std::stop_token stop, Shared& shared) {
             shared.questions.pop_front();
         }
         // Not a directory (an archive the shell browses into): it keeps its button.
-        const DWORD kind = GetFileAttributesW(question.path.c_str());
-        const bool directory = kind != INVALID_FILE_ATTRIBUTES && (kind & FILE_ATTRIBUTE_DIRECTORY);
+        const bool directory = win::IsDirectory(question.path);
         const bool children = !directory || HasSubFolder(question.path);
         if (stop.stop_requested()) return;
         PostMessageW(shared.answers, kMsgSubFolderAnswer,

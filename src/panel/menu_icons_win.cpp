@@ -8,6 +8,7 @@
 
 #include "features/quick_links.h"
 #include "view/command_placeholders_win.h"
+#include "win/file_system_win.h"
 
 namespace tessel {
 
@@ -66,12 +67,10 @@ HICON MenuIcons::Find(const std::wstring& target) {
 HICON IconOfTarget(const std::wstring& target) {
     std::wstring text = target;
     ExpandSystemPathVariables(text);
-    const CommandParts parts = SplitCommand(text, [](const std::wstring& path) {
-        return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-    });
+    const CommandParts parts = SplitCommand(text, win::PathExists);
     std::wstring program = parts.program;
     wchar_t found[MAX_PATH] = {};
-    if (GetFileAttributesW(program.c_str()) == INVALID_FILE_ATTRIBUTES &&
+    if (!win::PathExists(program) &&
         SearchPathW(nullptr, program.c_str(), L".exe", MAX_PATH, found, nullptr))
         program = found;  // "notepad.exe" as the shell would find it
     SHFILEINFOW info{};

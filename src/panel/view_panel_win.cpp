@@ -17,6 +17,7 @@
 #include "res/resource.h"
 #include "view/column_memory.h"
 #include "view/location_text.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 #include "win/shell_menu_win.h"
 
@@ -169,7 +170,7 @@ bool CPloder::NavigateToTyped(const std::wstring& text) {
     constexpr size_t kShownChars = 260;
     const std::wstring shown = text.size() > kShownChars ? text.substr(0, kShownChars) + L"..." : text;
     // A folder the shell refuses for the length of its path is told apart from one not there.
-    const bool tooLong = text.size() >= MAX_PATH && GetFileAttributesW(LongPathForm(text).c_str()) != INVALID_FILE_ATTRIBUTES;
+    const bool tooLong = text.size() >= MAX_PATH && win::PathExists(LongPathForm(text));
     const std::wstring why = FillIn(GetText(tooLong ? IDS_FOLDER_PATH_TOO_LONG : IDS_LOCATION_NOT_OPENED), {shown});
     ShowStatusText(why);
     return false;

@@ -14,6 +14,7 @@
 #include "view/location_text.h"
 #include "view/shell_browser_win.h"
 #include "win/clock_win.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 #include "win/subclass_win.h"
 
@@ -38,8 +39,7 @@ UINT AdjustViewFlags(UINT flags) {
 bool StillThere(PCIDLIST_ABSOLUTE folder) {
     const std::wstring path = win::FileSystemPathOf(folder);
     if (path.empty()) return true;
-    const DWORD attributes = GetFileAttributesW(LongPathForm(path).c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return win::IsDirectory(LongPathForm(path));
 }
 
 }  // namespace
@@ -308,8 +308,7 @@ std::wstring CMyShellBrowser::DropFolderAt(POINTL screen) const {
     win::UniquePidl item(ILCombine(shown_.get(), child));
     CoTaskMemFree(child);
     const std::wstring path = item ? win::FileSystemPathOf(item.get()) : std::wstring();
-    const DWORD attributes = path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? path : shown;
+    return !path.empty() && win::IsDirectory(path) ? path : shown;
 }
 
 IDropTarget* CMyShellBrowser::ListDropTarget() const { return dropList_ ? listDrop_ : nullptr; }

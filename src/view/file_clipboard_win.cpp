@@ -10,6 +10,7 @@
 #include "res/resource.h"
 #include "view/copy_name.h"
 #include "view/name_clash.h"
+#include "win/file_system_win.h"
 #include "win/handles_win.h"
 
 namespace tessel {
@@ -74,7 +75,6 @@ std::vector<std::wstring> FilesOfDrop(HDROP drop) {
 
 constexpr UINT kDropMenuCancel = 100;
 
-bool Exists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 // The file operation of the platform replaces a file of the same name on a move without a
 // question where a copy asks; the move asks here first, once for all clashing names.
@@ -146,7 +146,7 @@ bool CopyOrMoveFiles(HWND owner, const ClipboardFiles& files, const std::wstring
     std::vector<std::wstring> sources = files.paths;
     bool replaceAnswered = false;
     if (move) {
-        const std::vector<std::wstring> clashes = NameClashes(sources, targetFolder, Exists);
+        const std::vector<std::wstring> clashes = NameClashes(sources, targetFolder, win::PathExists);
         if (!clashes.empty()) {
             const ClashAnswer answer = AskAboutClashes(owner, clashes);
             sources = SourcesToMove(sources, clashes, answer);
@@ -165,7 +165,7 @@ bool CopyOrMoveFiles(HWND owner, const ClipboardFiles& files, const std::wstring
     if (!move && SameText(FolderOf(files.paths.front()), targetFolder)) {
         // Copies beside their originals get free names of their own.
         targets.clear();
-        auto taken = [&](const std::wstring& name) { return Exists(targetFolder + L"\\" + name); };
+        auto taken = [&](const std::wstring& name) { return win::PathExists(targetFolder + L"\\" + name); };
         for (const std::wstring& path : files.paths)
             targets.push_back(targetFolder + L"\\" + FreeCopyName(path.substr(path.find_last_of(L'\\') + 1), taken));
         operation.fFlags |= FOF_MULTIDESTFILES;

@@ -11,6 +11,7 @@
 #include "view/command_placeholders.h"
 #include "view/command_placeholders_win.h"
 #include "view/shell_browser_win.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 
 namespace tessel {
@@ -28,8 +29,7 @@ public:
             GetWindowsDirectoryW(path, MAX_PATH);
             break;
         case PathVariable::kProgramFile:
-            GetModuleFileNameW(nullptr, path, MAX_PATH);
-            break;
+            return win::ModulePath();
         case PathVariable::kDesktop:
             return Special(CSIDL_DESKTOP);
         case PathVariable::kAppData:
@@ -100,16 +100,6 @@ private:
     const CMyShellBrowser& browser_;
 };
 
-bool IsFolder(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
-bool IsFile(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
 std::wstring Unquoted(std::wstring text) {
     while (!text.empty() && text.back() == L' ') text.pop_back();
     if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"') text = text.substr(1, text.size() - 2);
@@ -135,8 +125,8 @@ std::wstring CMyShellBrowser::ExpandCommand(const std::wstring& command) const {
 bool CMyShellBrowser::RunUserCommand(const std::wstring& command) {
     const std::wstring text = ExpandCommand(command);
     const std::wstring folder = Unquoted(text);
-    if (IsFolder(folder)) return NavigateToText(folder);
-    const CommandParts parts = SplitCommand(text, IsFile);
+    if (win::IsDirectory(folder)) return NavigateToText(folder);
+    const CommandParts parts = SplitCommand(text, win::IsExistingFile);
     if (parts.program.empty()) return false;
     const std::wstring directory = ViewPlaceholders::FolderPath(*this);
     const auto result = reinterpret_cast<INT_PTR>(ShellExecuteW(hwnd(), L"open", parts.program.c_str(),

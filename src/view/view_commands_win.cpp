@@ -13,6 +13,7 @@
 #include "res/resource.h"
 #include "view/file_clipboard_win.h"
 #include "view/shell_browser_win.h"
+#include "win/file_system_win.h"
 #include "win/shell_item_win.h"
 #include "win/shell_menu_win.h"
 #include "win/subclass_win.h"
@@ -198,8 +199,7 @@ void CMyShellBrowser::NewFolder() {
     if (folder.empty()) return;
     const std::wstring base = GetText(IDS_NEW_FOLDER_NAME);
     std::wstring name = base;
-    for (int n = 2; n < 1000 && GetFileAttributesW(LongPathForm(folder + L"\\" + name).c_str()) != INVALID_FILE_ATTRIBUTES;
-         ++n)
+    for (int n = 2; n < 1000 && win::PathExists(LongPathForm(folder + L"\\" + name)); ++n)
         name = base + L" (" + std::to_wstring(n) + L")";
     if (!CreateDirectoryW(LongPathForm(folder + L"\\" + name).c_str(), nullptr)) return;
     if (!view_) return;

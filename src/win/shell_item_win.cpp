@@ -8,6 +8,8 @@
 #include <shellapi.h>
 #include <shlwapi.h>
 
+#include "win/file_system_win.h"
+
 namespace tessel::win {
 
 UniquePidl ClonePidl(PCIDLIST_ABSOLUTE pidl) { return UniquePidl(pidl ? ILCloneFull(pidl) : nullptr); }
@@ -170,8 +172,7 @@ std::wstring LinkedFolder(const std::wstring& linkPath) {
     if (!file || FAILED(file->Load(linkPath.c_str(), STGM_READ)) || FAILED(link->GetPath(target, MAX_PATH, nullptr, 0)) ||
         !target[0])
         return {};
-    const DWORD attributes = GetFileAttributesW(target);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? target : L"";
+    return IsDirectory(target) ? target : L"";
 }
 
 bool CreateShortcut(const std::wstring& linkPath, const std::wstring& target, const std::wstring& workingFolder,
