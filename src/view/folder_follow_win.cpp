@@ -6,7 +6,6 @@
 #include <commctrl.h>
 #include <shlobj.h>
 
-#include <algorithm>
 
 #include "features/folder_size_worker_win.h"
 #include "view/dir_change_records.h"
@@ -16,15 +15,6 @@
 
 namespace tessel {
 namespace {
-
-// A change is listed 150 ms after it came. While changes keep coming (a copy into the folder),
-// the next listings wait longer and longer (2.5 s, 5 s, 10 s, at most 30 s after the change that
-// asks for them): a long copy shows its progress without the folder being listed per file. Two
-// seconds without a change end the burst.
-constexpr UINT kFirstDelayMs = 150;
-constexpr UINT kBurstDelayMs = 2500;
-constexpr UINT kBurstDelayMaxMs = 30000;
-constexpr DWORD kBurstOverMs = 2000;
 
 struct ListPlace {
     int topIndex = -1;
@@ -68,14 +58,10 @@ void CMyShellBrowser::OnDirectoryChange(const DirChange* change) {
     if (!change) return;
     NoteSizeChange(change->fullPath);
     if (!ShellMissesOutsideChanges()) return;
-    const DWORD now = GetTickCount();
-    if (now - lastChangeTick_ > kBurstOverMs) burstFollows_ = 0;
-    lastChangeTick_ = now;
+    followPace_.NoteChange(GetTickCount());
     if (followArmed_) return;  // the listing asked for already comes
     followArmed_ = true;
-    const UINT delay = burstFollows_ == 0 ? kFirstDelayMs
-                                           : std::min<UINT>(kBurstDelayMs << std::min(burstFollows_ - 1, 4), kBurstDelayMaxMs);
-    SetTimer(hwnd(), kTimerFollowDisk, delay, nullptr);
+    SetTimer(hwnd(), kTimerFollowDisk, followPace_.DelayMs(), nullptr);
 }
 
 void CMyShellBrowser::FollowDisk() {
@@ -89,7 +75,7 @@ void CMyShellBrowser::FollowDisk() {
     RefreshKeepingPlace();
     owner_.BrowserFolderChanged(*this);
     ++diskFollows_;
-    ++burstFollows_;
+    followPace_.Listed();
 }
 
 void CMyShellBrowser::RefreshKeepingPlace() {

@@ -17,6 +17,7 @@
 #include "view/column_store.h"
 #include "view/dir_watch_win.h"
 #include "view/file_clipboard_win.h"
+#include "view/follow_pace.h"
 #include "view/listing_progress.h"
 #include "view/navigation_history.h"
 #include "view/shell_change.h"
@@ -331,8 +332,7 @@ private:
     ShellChange lastChange_;
     CMyReadDirectoryChanges dirWatch_;
     bool followArmed_ = false;
-    DWORD lastChangeTick_ = 0;
-    int burstFollows_ = 0;       // listings since the changes began
+    FollowPace followPace_;
     bool diskStale_ = false;     // changed while hidden
     int diskFollows_ = 0;
     int statusRuns_ = 0;
