@@ -12,6 +12,7 @@
 #include "core/path_text.h"
 #include "res/resource.h"
 #include "view/file_clipboard_win.h"
+#include "view/list_keys.h"
 #include "view/shell_browser_win.h"
 #include "win/file_system_win.h"
 #include "win/shell_item_win.h"
@@ -78,34 +79,30 @@ LRESULT CMyShellBrowser::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM
 }
 
 bool CMyShellBrowser::OnListKey(WPARAM key) {
-    const bool control = KeyDown(VK_CONTROL), shift = KeyDown(VK_SHIFT), alt = KeyDown(VK_MENU);
-    const bool ownClipboard = Options().copy_cut_paste_mode == 0;
-    if (control && ownClipboard && (key == 'C' || key == 'X' || key == 'V' || key == VK_INSERT)) {
-        Execute(key == 'C' || key == VK_INSERT ? ID_VIEW_COPY : key == 'X' ? ID_VIEW_CUT : ID_VIEW_PASTE);
-        return true;
-    }
-    if (shift && ownClipboard && key == VK_INSERT) return Execute(ID_VIEW_PASTE), true;
-    if (key == VK_DELETE) {
-        if (shift) {
-            DeleteFiles(hwnd(), SelectedPaths(), true);
-            if (view_) view_->Refresh();
-        } else {
-            Execute(ID_VIEW_DELETE);
-        }
-        return true;
-    }
-    if (key == VK_F2) return Execute(ID_VIEW_RENAME), true;
-    if (key == VK_F5) return Execute(ID_VIEW_REFRESH), true;
-    if (alt && key == VK_UP) return NavigateUp(), true;
-    if (alt && key == VK_LEFT) return GoBack(), true;
-    if (alt && key == VK_RIGHT) return GoForward(), true;
-    if (control && key == 'A') {
+    const ListKey pressed{static_cast<int>(key), KeyDown(VK_CONTROL), KeyDown(VK_SHIFT), KeyDown(VK_MENU)};
+    switch (ListCommandOfKey(pressed, Options().copy_cut_paste_mode == 0)) {
+    case ListKeyCommand::kNone: return false;
+    case ListKeyCommand::kCopy: Execute(ID_VIEW_COPY); break;
+    case ListKeyCommand::kCut: Execute(ID_VIEW_CUT); break;
+    case ListKeyCommand::kPaste: Execute(ID_VIEW_PASTE); break;
+    case ListKeyCommand::kDelete: Execute(ID_VIEW_DELETE); break;
+    case ListKeyCommand::kDeleteForever:
+        DeleteFiles(hwnd(), SelectedPaths(), true);
+        if (view_) view_->Refresh();
+        break;
+    case ListKeyCommand::kRename: Execute(ID_VIEW_RENAME); break;
+    case ListKeyCommand::kRefresh: Execute(ID_VIEW_REFRESH); break;
+    case ListKeyCommand::kUp: NavigateUp(); break;
+    case ListKeyCommand::kBack: GoBack(); break;
+    case ListKeyCommand::kForward: GoForward(); break;
+    case ListKeyCommand::kSelectAll: {
         LVITEMW all{};
         all.state = all.stateMask = LVIS_SELECTED;
         SendMessageW(GetListControl(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&all));
-        return true;
+        break;
     }
-    return false;
+    }
+    return true;
 }
 
 void CMyShellBrowser::OnListContextMenu(HWND list, LPARAM lParam) {
