@@ -197,6 +197,12 @@ LoadedFolderSet ReadFolderSet(std::wstring_view fileText, int treeMode, int focu
 
 std::wstring Latin1Text(std::string_view bytes) { return DecodeLatin1(bytes); }
 
+TabsToOpen TabsOfRecord(const LoadedView& view) {
+    if (!view.tabs.empty()) return {view.tabs, view.selectedTab};
+    if (view.hasActive) return {{view.active}, 0};
+    return {};
+}
+
 bool IsFolderSetText(std::wstring_view text) {
     const Lines lines(text);
     std::wstring_view value;

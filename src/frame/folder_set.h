@@ -72,6 +72,15 @@ struct LoadedView {
     int selectedTab = -1;        // index into tabs of the group marked "CurSel", or -1
 };
 
+// The tabs a T-View opens from its record: its tab list with the one marked selected (-1: none
+// marked), or, for files that list no tabs, the active folder alone. Empty: the T-View keeps what
+// it shows.
+struct TabsToOpen {
+    std::vector<TabState> tabs;
+    int selected = 0;
+};
+TabsToOpen TabsOfRecord(const LoadedView& view);
+
 struct LoadedFolderSet {
     int viewMode = -1;
     std::array<LoadedView, 4> views;

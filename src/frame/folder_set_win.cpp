@@ -167,12 +167,11 @@ void CMainFrame::ApplyFolderSet(const LoadedFolderSet& set, bool atStart) {
     if (set.viewMode >= 0 && set.viewMode < kLayoutCount) SetLayout(set.viewMode, false);
     else Layout();
     for (int number = kViewCount; number >= 1; --number) {
-        const LoadedView& view = set.views[number - 1];
-        std::vector<TabState> tabs = view.tabs;
-        if (tabs.empty() && view.hasActive) tabs.push_back(view.active);
-        if (tabs.empty()) continue;
+        TabsToOpen open = TabsOfRecord(set.views[number - 1]);
+        if (open.tabs.empty()) continue;
         CPloder& panel = *panels_[number - 1];
-        const int selected = view.tabs.empty() ? 0 : view.selectedTab;
+        std::vector<TabState> tabs = std::move(open.tabs);
+        const int selected = open.selected;
         if (atStart && number != set.layout.focus && !panel.HasLocation())
             panel.OpenLater([&panel, tabs = std::move(tabs), selected] { RestoreTabs(panel, tabs, selected); });
         else

@@ -106,6 +106,24 @@ TEST(FolderSet, RecordsTheViewsTheLayoutShowsThatHaveAFolder) {
     EXPECT_TRUE(RecordedViews({false, false, false, false}, {true, true, true, true}).empty());
 }
 
+TEST(FolderSet, AViewOpensItsTabsOrItsActiveFolderOrKeepsWhatItShows) {
+    LoadedView listed;
+    listed.hasActive = true;
+    listed.active.folder = L"C:\\active";
+    listed.tabs = {TabState{L"C:\\one"}, TabState{L"C:\\two"}};
+    listed.selectedTab = 1;
+    TabsToOpen open = TabsOfRecord(listed);
+    ASSERT_EQ(open.tabs.size(), 2u);
+    EXPECT_EQ(open.tabs[1].folder, L"C:\\two");
+    EXPECT_EQ(open.selected, 1);
+    listed.tabs.clear();  // an older file: the active folder alone
+    open = TabsOfRecord(listed);
+    ASSERT_EQ(open.tabs.size(), 1u);
+    EXPECT_EQ(open.tabs[0].folder, L"C:\\active");
+    EXPECT_EQ(open.selected, 0);
+    EXPECT_TRUE(TabsOfRecord(LoadedView{}).tabs.empty()) << "no record: the T-View keeps what it shows";
+}
+
 TEST(FolderSet, PathsAndFileBytes) {
     EXPECT_EQ(FolderSetPath(L"C:\\sets\\work"), L"C:\\sets\\work.tsf");
     EXPECT_EQ(FolderSetPath(L"C:\\sets\\work.tsf"), L"C:\\sets\\work.tsf");
