@@ -5,6 +5,7 @@
 #include <shlobj.h>
 
 #include <utility>
+#include <vector>
 
 #include "core/general_options.h"
 #include "core/help_win.h"
@@ -44,14 +45,20 @@ bool EditKeepsKey(const MSG& message) {
     return GetClassNameW(message.hwnd, name, 16) && _wcsicmp(name, L"Edit") == 0;
 }
 
+std::vector<RectI> Screens() {
+    std::vector<RectI> screens;
+    EnumDisplayMonitors(nullptr, nullptr, [](HMONITOR, HDC, LPRECT r, LPARAM found) -> BOOL {
+        reinterpret_cast<std::vector<RectI>*>(found)->push_back({r->left, r->top, r->right, r->bottom});
+        return TRUE;
+    }, reinterpret_cast<LPARAM>(&screens));
+    return screens;
+}
+
 RECT StartRectangle() {
     RectI saved{};
-    RECT rect{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
-    if (Settings().GetRect(L"Start", L"WinRC", saved) && UsableStartRectangle(saved)) {
-        RECT candidate{saved.left, saved.top, saved.right, saved.bottom};
-        if (MonitorFromRect(&candidate, MONITOR_DEFAULTTONULL)) return candidate;
-    }
-    return rect;
+    if (Settings().GetRect(L"Start", L"WinRC", saved) && UsableStartRectangle(saved, Screens()))
+        return {saved.left, saved.top, saved.right, saved.bottom};
+    return {CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
 }
 
 }  // namespace

@@ -7,8 +7,12 @@ namespace {
 constexpr int kShowNormal = 1, kShowMaximized = 3, kShowDefault = 10;
 }  // namespace
 
-bool UsableStartRectangle(const RectI& rect) {
-    return rect.right - rect.left >= kMinimumStartWidth && rect.bottom - rect.top >= kMinimumStartHeight;
+bool UsableStartRectangle(const RectI& rect, const std::vector<RectI>& screens) {
+    if (rect.right - rect.left < kMinimumStartWidth || rect.bottom - rect.top < kMinimumStartHeight) return false;
+    for (const RectI& screen : screens)
+        if (rect.left < screen.right && screen.left < rect.right && rect.top < screen.bottom && screen.top < rect.bottom)
+            return true;
+    return false;
 }
 
 int StartShowCommand(int requested, bool wasMaximized) {

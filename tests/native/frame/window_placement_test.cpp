@@ -12,11 +12,16 @@ TEST(WindowPlacement, APlainStartComesBackMaximizedButALaunchersWishWins) {
     EXPECT_EQ(StartShowCommand(0, true), 0);    // hidden
 }
 
-TEST(WindowPlacement, OnlyARectangleBigEnoughToWorkInIsUsed) {
-    EXPECT_TRUE(UsableStartRectangle({10, 10, 210, 160}));
-    EXPECT_FALSE(UsableStartRectangle({10, 10, 209, 500}));
-    EXPECT_FALSE(UsableStartRectangle({10, 10, 500, 159}));
-    EXPECT_FALSE(UsableStartRectangle({500, 500, 10, 10}));
+TEST(WindowPlacement, OnlyARectangleBigEnoughToWorkInAndOnAScreenIsUsed) {
+    const std::vector<RectI> screens{{0, 0, 1920, 1080}, {1920, 0, 3200, 1024}};
+    EXPECT_TRUE(UsableStartRectangle({10, 10, 210, 160}, screens));
+    EXPECT_FALSE(UsableStartRectangle({10, 10, 209, 500}, screens));
+    EXPECT_FALSE(UsableStartRectangle({10, 10, 500, 159}, screens));
+    EXPECT_FALSE(UsableStartRectangle({500, 500, 10, 10}, screens));
+    EXPECT_TRUE(UsableStartRectangle({2000, 100, 2600, 700}, screens)) << "on the second screen";
+    EXPECT_TRUE(UsableStartRectangle({1800, 900, 2400, 1300}, screens)) << "partly on a screen";
+    EXPECT_FALSE(UsableStartRectangle({3300, 100, 3900, 700}, screens)) << "where a screen was unplugged";
+    EXPECT_FALSE(UsableStartRectangle({10, 10, 210, 160}, {})) << "no screen at all";
 }
 
 }  // namespace tessel
