@@ -96,13 +96,22 @@ TEST(Favorites, AnEntryIsChosenFromTheOpenMenu) {
     };
     SetWindowLongPtrW(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(proc)));
     std::jthread user([owner] {
-        for (int i = 0; i < 250 && !FindWindowW(L"#32768", nullptr); ++i) Sleep(20);
+        const auto menusShown = [] {
+            int shown = 0;
+            for (HWND m = FindWindowW(L"#32768", nullptr); m; m = FindWindowExW(nullptr, m, L"#32768", nullptr))
+                shown += IsWindowVisible(m) ? 1 : 0;
+            return shown;
+        };
+        for (int i = 0; i < 250 && menusShown() < 1; ++i) Sleep(20);
         Sleep(100);
-        // Add, organise, the hint, then "Work", into it, its first entry.
-        for (WPARAM key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_DOWN, VK_RIGHT, VK_RETURN}) {
+        // Add, organise, the hint, then "Work", into it (once its popup shows), its first entry.
+        for (WPARAM key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_DOWN, VK_RIGHT}) {
             PostMessageW(owner, WM_KEYDOWN, key, 0);
             Sleep(80);
         }
+        for (int i = 0; i < 150 && menusShown() < 2; ++i) Sleep(20);
+        Sleep(100);
+        PostMessageW(owner, WM_KEYDOWN, VK_RETURN, 0);
     });
     const UINT chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD, 100, 100, 0, owner, nullptr);
     user.join();
