@@ -36,6 +36,21 @@ UINT AdjustViewFlags(UINT flags) {
 
 // A folder of the file system that was deleted since its identifier was made still binds; such
 // a target is refused like one that cannot be bound.
+// The system's "show hidden files" setting, read again at most once a second: every navigation
+// asks.
+bool SystemListsHidden() {
+    static DWORD readAt = 0;
+    static bool lists = false;
+    const DWORD now = GetTickCount();
+    if (readAt == 0 || now - readAt > 1000) {
+        SHELLSTATE state{};
+        SHGetSetSettings(&state, SSF_SHOWALLOBJECTS, FALSE);
+        lists = state.fShowAllObjects != 0;
+        readAt = now | 1;
+    }
+    return lists;
+}
+
 bool StillThere(PCIDLIST_ABSOLUTE folder) {
     const std::wstring path = win::FileSystemPathOf(folder);
     if (path.empty()) return true;
@@ -220,9 +235,7 @@ int CMyShellBrowser::BrowseFolder(bool counted) {
     if (folder) {
         RecordOutgoingState();
         // Hidden items reach the list only where the system lists them: then each is looked at.
-        SHELLSTATE state{};
-        SHGetSetSettings(&state, SSF_SHOWALLOBJECTS, FALSE);
-        hiddenMayArrive_ = state.fShowAllObjects != 0;
+        hiddenMayArrive_ = SystemListsHidden();
         listing_.Begin(win::NowMs());
         ok = SwapInView(folder, NextFolderSettings(), counted);
         listing_.End();

@@ -37,7 +37,9 @@ bool FitColumnsToContent(HWND list, bool widenOnly, int onlyColumn) {
     if (!list || (GetWindowLongPtrW(list, GWL_STYLE) & LVS_TYPEMASK) != LVS_REPORT) return false;
     HWND header = ListView_GetHeader(list);
     const int columns = header ? Header_GetItemCount(header) : 0;
-    const int rows = std::min(ListView_GetItemCount(list), kColumnFitRows);
+    // The rows in sight: every text read is a call into the shell's view.
+    const int page = std::max(1, ListView_GetCountPerPage(list));
+    const int rows = std::min({ListView_GetItemCount(list), page + 1, kColumnFitRows});
     if (columns <= 0 || rows <= 0) return false;
     HDC dc = GetDC(list);
     if (!dc) return false;

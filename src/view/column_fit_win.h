@@ -6,7 +6,7 @@
 
 namespace tessel {
 
-inline constexpr int kColumnFitRows = 200;
+inline constexpr int kColumnFitRows = 60;  // at most: the rows a page shows are read
 
 // Sizes every column of a list in details mode (`onlyColumn` >= 0: that one). With `widenOnly`
 // no column gets narrower. The first column (names) takes at most half of the list's width.

@@ -210,7 +210,7 @@ void CMyShellBrowser::OnTimer(UINT_PTR id) {
     KillTimer(hwnd(), id);
     switch (id) {
     case kTimerFitColumns:
-        if (!FitColumnsToContent(GetListControl(), false) && --columnFitTries_ > 0)
+        if (!FitColumnsToContent(GetListControl(), true) && --columnFitTries_ > 0)
             SetTimer(hwnd(), kTimerFitColumns, 50, nullptr);  // the view lists in the background
         break;
     case kTimerTick:
